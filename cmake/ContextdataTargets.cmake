@@ -1,0 +1,23 @@
+# How every target of the project is compiled, and the rule that a process holds one host.
+
+# Compiles a target as the house does: C++20, warnings are errors, nothing visible unless it is marked.
+function(contextdata_house_rules target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+  set_target_properties(
+    ${target}
+    PROPERTIES CXX_EXTENSIONS OFF
+               CXX_VISIBILITY_PRESET hidden
+               VISIBILITY_INLINES_HIDDEN ON
+               POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# Declares a library to be the host of that name. Two different hosts in the link closure of one target are an error
+# when CMake generates; without it, the first one linked would silently serve both.
+function(contextdata_declare_host target name)
+  set_property(TARGET ${target} PROPERTY INTERFACE_CONTEXTDATA_HOST ${name})
+  set_property(
+    TARGET ${target}
+    APPEND
+    PROPERTY COMPATIBLE_INTERFACE_STRING CONTEXTDATA_HOST)
+endfunction()

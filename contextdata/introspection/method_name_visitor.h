@@ -1,0 +1,32 @@
+// Collects the names of a class's methods.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "contextdata/introspection/seen_names.h"
+#include "host/class_system.h"
+#include "host/i18n.h"
+
+namespace ZELKIntrospection {
+
+class ZELKMethodNameVisitor final : public zelk::COSVisitor<zelk::COSInterface*> {
+public:
+    /// Appends to `names`, which outlives the visitor. The selections are those of `getClassMethodNames`.
+    ZELKMethodNameVisitor(std::vector<std::u16string>& names, std::int32_t staticSelection,
+                          std::int32_t methodFlagSelection);
+
+    void visit(zelk::COSInterface* member) override;
+
+private:
+    bool accepts(const zelk::COSMethodInfo& method) const;
+
+    std::vector<std::u16string>& names_;
+    contextdata::introspection::SeenNames seenNames_;
+    std::int32_t staticSelection_;
+    std::int32_t methodFlagSelection_;
+    fl::i18n::codecvt_ascii_to_ustring converter_;
+};
+
+}  // namespace ZELKIntrospection

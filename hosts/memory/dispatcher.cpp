@@ -1,0 +1,50 @@
+// Function scopes, built-in functions and the feature switch.
+#include "host/dispatcher.h"
+
+#include "host/feature.h"
+#include "hosts/memory/world_state.h"
+
+using memory_host::currentWorld;
+using memory_host::enter;
+using memory_host::entersToNull;
+using memory_host::Service;
+
+namespace {
+
+class MemoryDispatcher final : public Dispatcher {
+public:
+    FunctionScope* getFunctionScope(const std::u16string& fileName) override {
+        if (entersToNull(Service::getFunctionScope)) {
+            return nullptr;
+        }
+        for (FunctionScope& scope : currentWorld().scopes) {
+            if (scope.file == fileName) {
+                return &scope;
+            }
+        }
+        return nullptr;
+    }
+
+    FunctionScope* GetCurrentlyExecutingFunctionScope() override {
+        const bool none = entersToNull(Service::getCurrentlyExecutingFunctionScope);
+        return none ? nullptr : currentWorld().executing;
+    }
+
+    std::vector<std::u16string> getDocumentedBuiltins() override {
+        enter(Service::getDocumentedBuiltins);
+        return currentWorld().documentedBuiltins;
+    }
+};
+
+}  // namespace
+
+Dispatcher& Dispatcher::getDispatcher() {
+    static MemoryDispatcher dispatcher;
+    enter(Service::getDispatcher);
+    return dispatcher;
+}
+
+bool ComponentFeature::IsOn() {
+    enter(Service::featureIsOn);
+    return currentWorld().contextResolution;
+}

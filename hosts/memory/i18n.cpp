@@ -1,0 +1,85 @@
+// Conversions. The host's 8-bit encoding is UTF-8; what ASCII cannot hold becomes a question mark.
+#include "host/i18n.h"
+
+#include <algorithm>
+#include <boost/locale/encoding_utf.hpp>
+
+#include "hosts/memory/watch.h"
+
+namespace fl::i18n {
+
+namespace {
+
+using boost::locale::conv::conversion_error;
+using boost::locale::conv::stop;
+using boost::locale::conv::utf_to_utf;
+using memory_host::enter;
+using memory_host::Service;
+
+constexpr char16_t lastAscii = 0x7F;
+
+/// One pass without a branch, which compilers turn into a few wide instructions.
+bool isAscii(std::string_view text) {
+    unsigned char seen = 0;
+    for (const char unit : text) {
+        seen |= static_cast<unsigned char>(unit);
+    }
+    return seen <= lastAscii;
+}
+
+std::u16string widened(std::string_view ascii) {
+    std::u16string wide(ascii.size(), u'\0');
+    std::transform(ascii.begin(), ascii.end(), wide.begin(),
+                   [](char unit) { return static_cast<char16_t>(static_cast<unsigned char>(unit)); });
+    return wide;
+}
+
+}  // namespace
+
+std::string to_string(std::u16string_view text) {
+    enter(Service::toString);
+    try {
+        return utf_to_utf<char>(text.data(), text.data() + text.size(), stop);
+    } catch (const conversion_error&) {
+        throw ConversionException();
+    }
+}
+
+std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& converter) {
+    enter(Service::toString);
+    std::string narrow;
+    narrow.reserve(text.size());
+    for (const char16_t unit : text) {
+        if (unit > lastAscii && converter.refuses()) {
+            throw ConversionException();
+        }
+        narrow.push_back(unit > lastAscii ? '?' : static_cast<char>(unit));
+    }
+    return narrow;
+}
+
+std::u16string to_ustring(std::string_view text) {
+    enter(Service::toUstring, text);
+    try {
+        return utf_to_utf<char16_t>(text.data(), text.data() + text.size(), stop);
+    } catch (const conversion_error&) {
+        throw ConversionException();
+    }
+}
+
+std::u16string to_ustring(std::string_view text, const codecvt_ascii_to_ustring& converter) {
+    enter(Service::toUstring, text);
+    if (isAscii(text)) {
+        return widened(text);
+    }
+    if (converter.refuses()) {
+        throw ConversionException();
+    }
+    std::string substituted(text);
+    std::replace_if(
+        substituted.begin(), substituted.end(), [](char unit) { return static_cast<unsigned char>(unit) > lastAscii; },
+        '?');
+    return widened(substituted);
+}
+
+}  // namespace fl::i18n

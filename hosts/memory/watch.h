@@ -1,0 +1,42 @@
+// The gate through which every service call passes: the journal hears of it and the fault plan may fail it.
+#pragma once
+
+#include <string_view>
+
+#include "host/interned.h"
+#include "hosts/memory/call_journal.h"
+#include "hosts/memory/fault_plan.h"
+
+namespace memory_host {
+
+/// What looks on while a world is watched.
+struct Watch {
+    CallJournal journal;
+    FaultPlan faults;
+};
+
+/// The watch of the world that stands; null when there is none or when it is unwatched.
+inline Watch* activeWatch = nullptr;
+
+/// What a call is journalled with; made only when somebody looks on, for it costs more than most calls.
+inline std::string_view argumentOf(std::string_view text) { return text; }
+inline std::string_view argumentOf(zelk::COSInternedID id) { return id.view(); }
+
+/// Passes a call through the gate. True when the plan asks for a null answer, which only services that may answer
+/// null heed. Throws what the plan says.
+template <class Argument = std::string_view>
+bool entersToNull(Service service, Argument argument = {}) {
+    if (activeWatch == nullptr) [[likely]] {
+        return false;
+    }
+    activeWatch->journal.record(service, argumentOf(argument));
+    return activeWatch->faults.answersNull(service);
+}
+
+/// The same for services that never answer null.
+template <class Argument = std::string_view>
+void enter(Service service, Argument argument = {}) {
+    entersToNull(service, argument);
+}
+
+}  // namespace memory_host

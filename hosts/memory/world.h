@@ -1,0 +1,170 @@
+// A world for one test: classes, namespaces, values, functions, scopes and a debugger, all in memory.
+//
+//     World world;
+//     world.cls("bank.Account").derives("handle").method("deposit").property("balance").constant("limit");
+//     const qxUniqueArray account = world.object("bank.Account");
+//
+// While a world stands, the host services of the process answer from it; there is one at a time. Everything that
+// it builds goes with it, save interned names. Building calls no service. One thread at a time.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/array_library.h"
+#include "host/class_system.h"
+#include "hosts/memory/call_journal.h"
+#include "hosts/memory/export.h"
+#include "hosts/memory/fault_plan.h"
+
+class FunctionScope;
+
+namespace memory_host {
+
+class Class;
+class Namespace;
+struct WorldState;
+enum class NodeKind : std::uint8_t;
+
+/// Adds to one class. `method`, `property`, `constant` and `enumerationMember` begin a member; the calls after
+/// them describe that member. A member is public and listable unless it is told otherwise.
+class CONTEXTDATA_MEMORY_HOST_API ClassBuilder {
+public:
+    explicit ClassBuilder(Class& cls) : class_(cls) {}
+
+    /// A superclass, made as needed.
+    ClassBuilder& derives(std::string_view superclass);
+    ClassBuilder& hidden();
+    /// A class object without a definition.
+    ClassBuilder& undefined();
+    ClassBuilder& hasDynamicProperties();
+
+    ClassBuilder& method(std::string_view name);
+    ClassBuilder& property(std::string_view name);
+    /// A property that nobody can assign.
+    ClassBuilder& constant(std::string_view name);
+    ClassBuilder& enumerationMember(std::string_view name);
+    /// A node in the enumeration that is no enumeration member.
+    ClassBuilder& foreignNodeInEnumeration();
+
+    ClassBuilder& isStatic(bool value = true);
+    ClassBuilder& access(std::int32_t code);     ///< of a method
+    ClassBuilder& getAccess(std::int32_t code);  ///< of a property
+    ClassBuilder& setAccess(std::int32_t code);  ///< of a property
+    ClassBuilder& unlistable();
+    ClassBuilder& dataType(std::string_view id);
+    ClassBuilder& hiddenMember();  ///< of an enumeration
+
+    /// Gives objects of the class a method that can be called; it may throw.
+    ClassBuilder& answers(std::string_view methodName, std::function<qxUniqueArray(const qxArray* object)> method);
+
+    zelk::COSClass* object() const noexcept;
+
+private:
+    Class& class_;
+    NodeKind member_{};  // the kind of the member that was begun last
+};
+
+/// Adds to one namespace.
+class CONTEXTDATA_MEMORY_HOST_API NamespaceBuilder {
+public:
+    explicit NamespaceBuilder(Namespace& space) : namespace_(space) {}
+
+    NamespaceBuilder& holdsClass(std::string_view fullName);
+    NamespaceBuilder& function(std::string_view name);
+    NamespaceBuilder& access(std::int32_t code);  ///< of the last function
+    NamespaceBuilder& unlistable();               ///< the last function
+    NamespaceBuilder& holdsNamespace(std::string_view fullName);
+
+private:
+    Namespace& namespace_;
+};
+
+class CONTEXTDATA_MEMORY_HOST_API World {
+public:
+    World();
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
+    /// Reports every value, node handle and iterator that is still held, through `setLeakReporter`.
+    ~World();
+
+    // Classes and names.
+
+    /// The class of a full name, made with a definition when it is new. A colon divides the software package, if
+    /// any, from the dotted name.
+    ClassBuilder cls(std::string_view fullName);
+    NamespaceBuilder ns(std::string_view name);
+    /// An older form of a class's name.
+    void legacyName(std::string_view older, std::string_view fullName);
+
+    // Values. Each is owned by the caller; an element that is handed over is owned by what it went into.
+
+    qxUniqueArray doubles(std::vector<std::size_t> dimensions, std::vector<double> elements = {});
+    qxUniqueArray number(double value) { return doubles({1, 1}, {value}); }
+    qxUniqueArray logical(bool value);
+    qxUniqueArray charRow(std::u16string_view text);
+    /// A char array of several rows, which is no single text.
+    qxUniqueArray charMatrix(std::size_t rows, std::size_t columns);
+    qxUniqueArray stringScalar(std::u16string_view text);
+    qxUniqueArray missingString();
+    /// A row cell; a null element stays unset.
+    qxUniqueArray cellOf(std::vector<qxUniqueArray> elements);
+    /// A row cell of char rows.
+    qxUniqueArray cell(std::initializer_list<std::u16string_view> texts);
+    qxUniqueArray structure();
+    qxUniqueArray functionHandle();
+    qxUniqueArray object(std::string_view className, std::vector<std::size_t> dimensions = {1, 1});
+    qxUniqueArray opaque(std::string_view className);
+    qxUniqueArray olderObject(std::string_view className);
+    /// A value of any class id, for questions about ids alone.
+    qxUniqueArray valueOf(qxClassID id);
+
+    /// Gives an object (any element of it) a property's value.
+    void setProperty(const qxUniqueArray& object, std::string_view name, qxUniqueArray value);
+
+    /// Ends the temporary scope: values read from properties and never taken out of it are gone.
+    void endTemporaryScope();
+
+    // The interpreter.
+
+    /// A function that can be called by name with one value; it may throw, and may answer null.
+    void function(std::string_view name, std::function<qxUniqueArray(const qxArray* argument)> body);
+    void noInterpreter();
+    void debuggerStoppedAt(std::u16string_view file, std::int32_t position1 = 0, std::int32_t position2 = 0);
+    void debuggerRuns();
+
+    // The dispatcher.
+
+    /// The scope of a file; in it `name` denotes the class `fullName`.
+    FunctionScope* scope(std::u16string_view file);
+    void imports(FunctionScope* scope, std::string_view name, std::string_view fullName);
+    void executing(FunctionScope* scope);
+    void documentedBuiltins(std::vector<std::u16string> names);
+
+    /// The feature switch, off at first.
+    void contextResolution(bool on);
+
+    // What tests look at.
+
+    CallJournal& journal() noexcept;
+    FaultPlan& faults() noexcept;
+    /// Stops journal and faults, so that services cost what they cost.
+    void unwatched() noexcept;
+    std::size_t valuesAlive() const noexcept;
+    /// Handles to nodes and iterators that are held at this moment.
+    std::size_t handlesAlive() const noexcept;
+
+private:
+    std::unique_ptr<WorldState> state_;
+};
+
+/// Who is told of what outlives a world; by default the process says so on standard error and aborts.
+CONTEXTDATA_MEMORY_HOST_API void setLeakReporter(std::function<void(const std::string& report)> reporter);
+
+}  // namespace memory_host
