@@ -1,0 +1,52 @@
+// What the engine offers: a name, what kind of thing it names, and the class that declares it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace contextdata::completion {
+
+enum class Kind {
+    method,
+    staticMethod,
+    property,
+    constant,
+    enumerationMember,
+    classType,
+    function,
+    space,  ///< a namespace
+    field,
+};
+
+/// The number of kinds, for tables that are indexed by kind.
+inline constexpr std::size_t kindCount = static_cast<std::size_t>(Kind::field) + 1;
+
+/// The word that people read for a kind ("static method", "namespace", ...). Permanent, zero-terminated.
+const char* textOf(Kind kind) noexcept;
+
+struct Item {
+    std::u16string name;
+    Kind kind = Kind::property;
+    /// The full name of the class that declares the member, without package qualification; empty when unknown.
+    std::u16string definingClass;
+
+    friend bool operator==(const Item&, const Item&) = default;
+};
+
+/// Sorted by name in code units, each name once.
+using Items = std::vector<Item>;
+
+/// Makes `Items` of items in any order. Of several items of one name, the first is kept, so sources are appended
+/// from the most specific to the least.
+Items sortedOnce(std::vector<Item> items);
+
+/// The items of both lists; where both have a name, that of `first` is kept.
+Items merged(const Items& first, const Items& second);
+
+/// The part of a sorted list whose names begin with `prefix`, letter case counted, as positions [first, second).
+std::pair<std::size_t, std::size_t> rangeOfPrefix(const Items& items, std::u16string_view prefix) noexcept;
+
+}  // namespace contextdata::completion

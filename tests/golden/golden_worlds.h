@@ -1,0 +1,43 @@
+// The worlds that golden files name: classes, namespaces and variables on the in-memory host.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frontends/completion/subject.h"
+#include "hosts/memory/world.h"
+
+namespace golden {
+
+/// A world with variables, whose values may answer the interpreter's questions ("class", "denotes", "methods",
+/// "properties", "fieldnames") one by one.
+class GoldenWorld final : public contextdata::completion::Workspace {
+public:
+    using Names = std::vector<std::u16string>;
+
+    GoldenWorld();
+
+    memory_host::World& world() noexcept { return world_; }
+
+    /// Makes a variable and answers its value.
+    const qxArray* variable(std::u16string_view name, qxUniqueArray value);
+
+    /// What a value answers to a question; it fails at all others.
+    void answers(const qxArray* value, std::string_view question, Names names);
+
+    qxSharedArray find(const std::u16string& name) override;
+
+private:
+    qxUniqueArray answer(const qxArray* value, const std::string& question);
+
+    memory_host::World world_;
+    std::map<std::u16string, qxSharedArray, std::less<>> variables_;
+    std::map<std::pair<const qxArray*, std::string>, Names> answers_;
+};
+
+/// Fills a world of a golden file's choice; false when there is no world of that name.
+bool build(GoldenWorld& world, std::string_view name);
+
+}  // namespace golden

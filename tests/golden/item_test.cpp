@@ -1,0 +1,50 @@
+#include "frontends/completion/item.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using contextdata::completion::Item;
+using contextdata::completion::Items;
+using contextdata::completion::Kind;
+using contextdata::completion::merged;
+using contextdata::completion::rangeOfPrefix;
+using contextdata::completion::sortedOnce;
+using testing::ElementsAre;
+using testing::Pair;
+
+Item item(const char16_t* name, Kind kind = Kind::property) { return {name, kind, {}}; }
+
+TEST(Items, areSortedByCodeUnitAndTheFirstOfANameIsKept) {
+    EXPECT_THAT(sortedOnce({item(u"b"), item(u"a", Kind::constant), item(u"Z"), item(u"a")}),
+                ElementsAre(item(u"Z"), item(u"a", Kind::constant), item(u"b")));
+}
+
+TEST(Items, ofTheFirstListWinWhenListsAreMerged) {
+    EXPECT_THAT(merged({item(u"a", Kind::method), item(u"c")}, {item(u"a"), item(u"b")}),
+                ElementsAre(item(u"a", Kind::method), item(u"b"), item(u"c")));
+}
+
+TEST(Items, aPrefixSelectsARangeWithLetterCase) {
+    const Items items = {item(u"Ab"), item(u"a"), item(u"ab"), item(u"abc"), item(u"ac"), item(u"b")};
+    EXPECT_THAT(rangeOfPrefix(items, u"ab"), Pair(2, 4));
+    EXPECT_THAT(rangeOfPrefix(items, u""), Pair(0, 6));
+    EXPECT_THAT(rangeOfPrefix(items, u"abcd"), Pair(4, 4));
+    EXPECT_THAT(rangeOfPrefix(items, u"z"), Pair(6, 6));
+    EXPECT_THAT(rangeOfPrefix({}, u"a"), Pair(0, 0));
+}
+
+TEST(Items, everyKindHasATextOfItsOwn) {
+    EXPECT_STREQ(textOf(Kind::method), "method");
+    EXPECT_STREQ(textOf(Kind::staticMethod), "static method");
+    EXPECT_STREQ(textOf(Kind::property), "property");
+    EXPECT_STREQ(textOf(Kind::constant), "constant");
+    EXPECT_STREQ(textOf(Kind::enumerationMember), "enumeration member");
+    EXPECT_STREQ(textOf(Kind::classType), "class");
+    EXPECT_STREQ(textOf(Kind::function), "function");
+    EXPECT_STREQ(textOf(Kind::space), "namespace");
+    EXPECT_STREQ(textOf(Kind::field), "field");
+}
+
+}  // namespace
