@@ -1,0 +1,20 @@
+// What annotations say about attributes, read as data: nothing is evaluated.
+#pragma once
+
+#include <Python.h>
+
+#include "host/class_system.h"
+
+namespace python_host {
+
+/// Whether an annotation makes an attribute final: `Final` or `Final[...]`, or a text that begins so, perhaps within
+/// `ClassVar[...]`.
+bool isFinalAnnotation(PyObject* annotation);
+
+/// Whether an annotation declares a parameter of the constructor that is no attribute (`InitVar[...]`).
+bool isConstructorOnlyAnnotation(PyObject* annotation);
+
+/// The class that an annotation names, as a data type; empty when it is no class.
+zelk::COSDataTypePtr dataTypeOf(PyObject* annotation);
+
+}  // namespace python_host

@@ -1,0 +1,92 @@
+// The array library's questions about values.
+#include "host/array_library.h"
+
+#include <cstring>
+#include <functional>
+#include <numeric>
+
+#include "host/class_objects.h"
+#include "hosts/python/class_registry.h"
+#include "hosts/python/errors.h"
+#include "hosts/python/interning.h"
+#include "hosts/python/python_host.h"
+#include "hosts/python/resolution_order.h"
+#include "hosts/python/value_kinds.h"
+#include "hosts/python/values.h"
+
+namespace {
+
+using python_host::ClassRegistry;
+using python_host::PendingErrorGuard;
+
+zelk::COSInternedID classNameOf(PyObject* object) {
+    return ClassRegistry::instance().objectOf(Py_TYPE(object)).getID();
+}
+
+bool derivesFromNamed(PyObject* object, const char* className) {
+    if (object == nullptr) {
+        return false;
+    }
+    const python_host::ClassObject* cls = ClassRegistry::instance().find(python_host::internName(className));
+    PyTypeObject* type = cls == nullptr ? nullptr : cls->type();
+    return type != nullptr && python_host::derivesFrom(Py_TYPE(object), type);
+}
+
+}  // namespace
+
+qxClassID qxGetClassID(const qxArray* value) { return value->classId(); }
+
+const char* qxGetClassName(const qxArray* value) {
+    if (const char* name = python_host::kindName(value->classId())) {
+        return name;
+    }
+    const PendingErrorGuard pending;
+    return classNameOf(value->object()).c_str();
+}
+
+bool qxIsA(const qxArray* value, const char* className) {
+    const char* kind = python_host::kindName(value->classId());
+    if (kind != nullptr && std::strcmp(kind, className) == 0) {
+        return true;
+    }
+    const PendingErrorGuard pending;
+    return derivesFromNamed(value->object(), className);
+}
+
+bool qxIsEmpty(const qxArray* value) { return qxGetNumberOfElements(value) == 0; }
+
+std::size_t qxGetNumberOfElements(const qxArray* value) {
+    const auto& extents = value->dimensions();
+    return std::accumulate(extents.begin(), extents.end(), std::size_t{1}, std::multiplies<>());
+}
+
+std::size_t qxGetNumberOfDimensions(const qxArray* value) { return value->dimensions().size(); }
+
+const std::size_t* qxGetDimensions(const qxArray* value) { return value->dimensions().data(); }
+
+const qxArray* qxGetCell(const qxArray* cell, std::size_t index) {
+    const PendingErrorGuard pending;
+    return cell->element(index);
+}
+
+const double* qxGetDoubles(const qxArray* value) {
+    const PendingErrorGuard pending;
+    const double* doubles = value->object() == nullptr ? nullptr : python_host::doublesOf(value->object());
+    if (doubles == nullptr) {
+        throw python_host::PythonFailure("the value holds no doubles in one piece");
+    }
+    return doubles;
+}
+
+// Values are counted by whoever holds them; no scope ends them.
+void qxSetArrayScope(qxArray* /*value*/, qxArrayScope /*scope*/) {}
+
+bool omIsZELK(const qxArray* value) { return python_host::isInstanceID(value->classId()); }
+
+zelk::COSInternedID omGetCOSClassID(const qxArray* value) {
+    if (!omIsZELK(value)) {
+        return {};
+    }
+    const PendingErrorGuard pending;
+    return classNameOf(value->object());
+}

@@ -1,0 +1,37 @@
+#include "hosts/python/instance_attributes.h"
+
+#include <string>
+
+#include "hosts/python/dictionaries.h"
+#include "hosts/python/interning.h"
+#include "hosts/python/python_text.h"
+
+namespace python_host {
+
+PyObject* instanceDictionary(PyObject* object) noexcept {
+    PyObject** dictionary = _PyObject_GetDictPtr(object);
+    return dictionary == nullptr ? nullptr : *dictionary;
+}
+
+void appendPublicKeys(PyObject* dictionary, UniqueNameList& names) {
+    std::string buffer;
+    eachTextItem(dictionary, [&](PyObject* key, PyObject* /*value*/) {
+        const auto name = utf8Of(key, buffer);
+        if (name && !startsWithUnderscore(*name) && isIdentifier(key)) {
+            names.append(*name);
+        }
+    });
+}
+
+void appendIfNew(PyObject* name, const MemberTable& members, UniqueNameList& names) {
+    if (!PyUnicode_CheckExact(name) || !isIdentifier(name)) {
+        return;
+    }
+    std::string buffer;
+    const auto text = utf8Of(name, buffer);
+    if (text && !startsWithUnderscore(*text) && !members.hasName(findInterned(*text))) {
+        names.append(*text);
+    }
+}
+
+}  // namespace python_host

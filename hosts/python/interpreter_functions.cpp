@@ -1,0 +1,62 @@
+// The interpreter's functions that are called by name.
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "host/interpreter.h"
+#include "hosts/python/errors.h"
+#include "hosts/python/object_names.h"
+#include "hosts/python/values.h"
+
+namespace {
+
+using python_host::NameList;
+using python_host::PythonFailure;
+
+struct NamedFunction {
+    std::string_view name;
+    NameList (*answer)(PyObject* object);
+};
+
+constexpr NamedFunction functions[] = {
+    {"methods", python_host::methodNamesOf},   {"properties", python_host::propertyNamesOf},
+    {"fieldnames", python_host::fieldNamesOf}, {"class", python_host::classNameOf},
+    {"denotes", python_host::denotationOf},
+};
+
+const NamedFunction& functionNamed(std::string_view name) {
+    const auto* found = std::find_if(std::begin(functions), std::end(functions),
+                                     [&](const NamedFunction& function) { return function.name == name; });
+    if (found == std::end(functions)) {
+        throw PythonFailure("there is no such function: " + std::string(name));
+    }
+    return *found;
+}
+
+PyObject* onlyObject(int inputCount, const qxArray* const* inputs) {
+    PyObject* object = inputCount == 1 && inputs[0] != nullptr ? inputs[0]->object() : nullptr;
+    if (object == nullptr) {
+        throw PythonFailure("the function takes one live value");
+    }
+    return object;
+}
+
+}  // namespace
+
+void inCallFcn(int outputCount, qxArray** outputs, int inputCount, const qxArray* const* inputs,
+               const char* functionName) {
+    const python_host::PendingErrorGuard pending;
+    const NamedFunction& function = functionNamed(functionName);
+    const python_host::Ref object = python_host::Ref::share(onlyObject(inputCount, inputs));
+    qxUniqueArray answer = python_host::makeCell(function.answer(object.get()));
+    if (outputCount > 0) {
+        std::fill(outputs, outputs + outputCount, nullptr);
+        outputs[0] = answer.release();
+    }
+}
+
+// A method of a live value is its author's code, and no question about a value may run that.
+qxArray* inCallMethodSingleInputSingleOutput(const qxArray* /*value*/, const char* methodName) {
+    throw PythonFailure("methods are not called while completing: " + std::string(methodName));
+}

@@ -1,0 +1,38 @@
+// Iterators over nodes.
+#pragma once
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "host/class_system.h"
+#include "hosts/python/counted.h"
+
+namespace python_host {
+
+/// Walks nodes that it keeps alive.
+class NodeIterator final : private Counted, public zelk::COSIterator {
+public:
+    static zelk::COSIteratorPtr over(std::vector<zelk::COSInterfacePtr> nodes) {
+        return zelk::COSIteratorPtr(new NodeIterator(std::move(nodes)));
+    }
+
+    void addReference() const noexcept override { addOwner(); }
+    void releaseReference() const noexcept override { releaseOwner(); }
+
+    bool hasMoreElements() override { return next_ < nodes_.size(); }
+    zelk::COSInterfacePtr nextElement() override {
+        if (!hasMoreElements()) {
+            throw zelk::ENoElements();
+        }
+        return nodes_[next_++];
+    }
+
+private:
+    explicit NodeIterator(std::vector<zelk::COSInterfacePtr> nodes) : nodes_(std::move(nodes)) {}
+
+    std::vector<zelk::COSInterfacePtr> nodes_;
+    std::size_t next_ = 0;
+};
+
+}  // namespace python_host

@@ -1,0 +1,23 @@
+// Keeping what Python code prints from the screen.
+#pragma once
+
+#include "hosts/python/references.h"
+
+namespace python_host {
+
+/// For the life of the guard, `sys.stdout` and `sys.stderr` are a text in memory that nobody reads.
+class OutputCapture {
+public:
+    /// Throws when no stand-in can be made.
+    OutputCapture();
+    OutputCapture(const OutputCapture&) = delete;
+    OutputCapture& operator=(const OutputCapture&) = delete;
+    /// Puts the streams back; an error that is set stays set.
+    ~OutputCapture();
+
+private:
+    Ref output_;
+    Ref errors_;
+};
+
+}  // namespace python_host

@@ -1,0 +1,52 @@
+// What the live host offers to those who run inside the same Python process: the way between Python objects and
+// host values, and the stamps that tell when a class has changed. The GIL is held by every caller.
+#pragma once
+
+#include <Python.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/array_library.h"
+#include "host/interned.h"
+
+#define CONTEXTDATA_PYTHON_HOST_API __attribute__((visibility("default")))
+
+namespace python_host {
+
+/// A host value that stands for a live object, to which it holds a reference. `object` is not null.
+CONTEXTDATA_PYTHON_HOST_API qxUniqueArray wrap(PyObject* object);
+
+/// The object behind a value, borrowed from it; null for a value that the host made itself (a cell of names).
+CONTEXTDATA_PYTHON_HOST_API PyObject* unwrap(const qxArray* value) noexcept;
+
+/// The canonical id of a type in the class system. Never empty.
+CONTEXTDATA_PYTHON_HOST_API zelk::COSInternedID classIdOf(PyTypeObject* type);
+
+/// Says that the structure of a class (its members along the resolution order, their kinds and access) is what it
+/// was whenever the same stamp was given for the same type. Documentation and annotated types are not covered.
+struct StructureStamp {
+    PyTypeObject* type = nullptr;  ///< identity only, not kept alive
+    std::uint64_t version = 0;
+
+    friend bool operator==(const StructureStamp&, const StructureStamp&) = default;
+};
+
+/// The present stamp of a type; empty when changes of it cannot be told, so that nothing may be cached.
+CONTEXTDATA_PYTHON_HOST_API std::optional<StructureStamp> stampOf(PyTypeObject* type) noexcept;
+
+/// Whether objects of a class tell by a `__dir__` that they have names beyond those of their class and attributes.
+/// Holds for as long as the stamp of the class does.
+CONTEXTDATA_PYTHON_HOST_API bool hasDirectoryHook(PyTypeObject* type);
+
+/// The names that an object adds to those of its class, as UTF-8: its own public attributes and what its `__dir__`
+/// adds. Names of the class may be among them. Runs that hook, and no other code of the object's. Throws the interrupt.
+CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> namesOf(PyObject* object);
+
+/// The debugger that holds the program (a `pdb.Pdb` that is in its interaction), or null when none does. The focus
+/// is read from it when asked, since it moves up and down the stack. Keeps a reference.
+CONTEXTDATA_PYTHON_HOST_API void setStoppedDebugger(PyObject* debugger) noexcept;
+
+}  // namespace python_host
