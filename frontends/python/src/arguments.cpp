@@ -1,0 +1,108 @@
+#include "frontends/python/src/arguments.h"
+
+#include <array>
+#include <cstddef>
+
+namespace contextdata::python {
+
+namespace {
+
+constexpr std::array<const char*, 3> parameterNames = {"text", "cursor", "namespace"};
+using Values = std::array<PyObject*, parameterNames.size()>;
+
+[[noreturn]] void throwError() { throw pybind11::error_already_set(); }
+
+std::size_t positionOf(PyObject* keyword) {
+    for (std::size_t position = 0; position < parameterNames.size(); ++position) {
+        if (PyUnicode_CompareWithASCIIString(keyword, parameterNames[position]) == 0) {
+            return position;
+        }
+    }
+    PyErr_Format(PyExc_TypeError, "complete() has no argument '%U'", keyword);
+    throwError();
+}
+
+Values bind(PyObject* const* values, Py_ssize_t count, PyObject* keywords) {
+    Values bound = {};
+    if (count > static_cast<Py_ssize_t>(bound.size())) {
+        PyErr_Format(PyExc_TypeError, "complete() takes at most %zu arguments, not %zd", bound.size(), count);
+        throwError();
+    }
+    for (Py_ssize_t index = 0; index < count; ++index) {
+        bound[static_cast<std::size_t>(index)] = values[index];
+    }
+    const Py_ssize_t keywordCount = keywords == nullptr ? 0 : PyTuple_GET_SIZE(keywords);
+    for (Py_ssize_t index = 0; index < keywordCount; ++index) {
+        const std::size_t position = positionOf(PyTuple_GET_ITEM(keywords, index));
+        if (bound[position] != nullptr) {
+            PyErr_Format(PyExc_TypeError, "complete() got '%s' twice", parameterNames[position]);
+            throwError();
+        }
+        bound[position] = values[count + index];
+    }
+    return bound;
+}
+
+PyObject* checkedText(PyObject* text) {
+    if (text == nullptr) {
+        PyErr_SetString(PyExc_TypeError, "complete() needs the text to complete");
+        throwError();
+    }
+    if (!PyUnicode_Check(text)) {
+        PyErr_Format(PyExc_TypeError, "text must be a str, not %s", Py_TYPE(text)->tp_name);
+        throwError();
+    }
+    return text;
+}
+
+Py_ssize_t checkedCursor(PyObject* cursor, Py_ssize_t length) {
+    if (cursor == nullptr || cursor == Py_None) {
+        return length;
+    }
+    if (!PyLong_Check(cursor)) {
+        PyErr_Format(PyExc_TypeError, "cursor must be an int or None, not %s", Py_TYPE(cursor)->tp_name);
+        throwError();
+    }
+    const Py_ssize_t position = PyLong_AsSsize_t(cursor);
+    const bool overflows = position == -1 && PyErr_Occurred() != nullptr;
+    if (overflows || position < 0 || position > length) {
+        PyErr_Clear();
+        PyErr_Format(PyExc_ValueError, "cursor must be between 0 and %zd, the length of the text", length);
+        throwError();
+    }
+    return position;
+}
+
+PyObject* variablesOfMain() {
+    PyObject* main = PyImport_AddModule("__main__");
+    if (main == nullptr) {
+        throwError();
+    }
+    return PyModule_GetDict(main);
+}
+
+PyObject* checkedVariables(PyObject* variables) {
+    if (variables == nullptr || variables == Py_None) {
+        return variablesOfMain();
+    }
+    if (!PyDict_CheckExact(variables)) {
+        PyErr_Format(PyExc_TypeError,
+                     "namespace must be a plain dict, not %s: reading another mapping would run its code",
+                     Py_TYPE(variables)->tp_name);
+        throwError();
+    }
+    return variables;
+}
+
+}  // namespace
+
+CompleteArguments readCompleteArguments(PyObject* const* values, Py_ssize_t count, PyObject* keywords) {
+    const auto [text, cursor, variables] = bind(values, count, keywords);
+    CompleteArguments arguments;
+    arguments.text = checkedText(text);
+    arguments.cursor = checkedCursor(cursor, PyUnicode_GET_LENGTH(text));
+    arguments.variables = checkedVariables(variables);
+    return arguments;
+}
+
+}  // namespace contextdata::python

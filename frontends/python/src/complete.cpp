@@ -1,0 +1,87 @@
+#include "frontends/python/src/complete.h"
+
+#include <span>
+
+#include "contextdata/values.h"
+#include "frontends/completion/parse.h"
+#include "frontends/completion/subject.h"
+#include "frontends/python/src/arguments.h"
+#include "frontends/python/src/errors.h"
+#include "frontends/python/src/live_members.h"
+#include "frontends/python/src/python_text.h"
+#include "frontends/python/src/results.h"
+#include "frontends/python/src/variables.h"
+#include "hosts/python/python_host.h"
+
+namespace contextdata::python {
+
+using completion::ParsedText;
+using completion::Refusal;
+
+namespace {
+
+using Chain = std::span<const std::u16string_view>;
+
+/// A prompt is no file: names mean what they mean in the session.
+const std::u16string noFile;
+
+pybind11::object membersOfChain(Chain chain, std::u16string_view prefix, Variables& variables) {
+    qxSharedArray root = variables.find(std::u16string(chain.front()));
+    if (!root) {
+        return membersOfNamed(completion::named(chain, noFile), prefix);
+    }
+    const qxSharedArray value = completion::follow(std::move(root), chain.subspan(1));
+    return value ? membersOfValue(value, prefix) : pybind11::tuple();
+}
+
+pybind11::object completeText(const CompleteArguments& arguments) {
+    const std::u16string text = utf16Of(arguments.text, arguments.cursor);
+    const ParsedText parsed = completion::parse(text, text.size());
+    const Py_ssize_t start = codePointBefore(arguments.text, arguments.cursor, parsed.end - parsed.start);
+    if (parsed.refusal != Refusal::none) {
+        return completionsOf(start, arguments.cursor, pybind11::tuple());
+    }
+    Variables variables(arguments.variables);
+    return completionsOf(start, arguments.cursor, membersOfChain(parsed.chain, parsed.fragment, variables));
+}
+
+/// How many names of a chain, from its first, lead somewhere.
+std::size_t lengthFollowed(Chain chain, Variables& variables) {
+    qxSharedArray value = variables.find(std::u16string(chain.front()));
+    if (!value) {
+        const bool isName = completion::named(chain, noFile).nature != completion::Subject::Nature::nothing;
+        return isName ? chain.size() : 0;
+    }
+    std::size_t followed = 1;
+    while (followed < chain.size() && (value = completion::follow(value, chain.subspan(followed, 1)))) {
+        ++followed;
+    }
+    return followed;
+}
+
+}  // namespace
+
+PyObject* complete(PyObject* /*module*/, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {
+    return guarded([&] { return completeText(readCompleteArguments(values, count, keywords)); });
+}
+
+PyObject* members(PyObject* /*module*/, PyObject* object) noexcept {
+    return guarded([&]() -> pybind11::object {
+        const qxSharedArray value = makeSharedPtr(python_host::wrap(object).release());
+        return pybind11::list(membersOfValue(value, {}));
+    });
+}
+
+pybind11::tuple explain(const pybind11::str& text, const pybind11::dict& variables) {
+    const std::u16string units = utf16Of(text.ptr(), PyUnicode_GET_LENGTH(text.ptr()));
+    const ParsedText parsed = completion::parse(units, units.size());
+    pybind11::list chain;
+    for (const std::u16string_view segment : parsed.chain) {
+        chain.append(strOf(segment));
+    }
+    Variables workspace(variables.ptr());
+    const std::size_t followed = chain.empty() ? 0 : lengthFollowed(parsed.chain, workspace);
+    return pybind11::make_tuple(completion::textOf(parsed.refusal), chain, followed);
+}
+
+}  // namespace contextdata::python

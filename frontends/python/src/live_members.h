@@ -1,0 +1,19 @@
+// The members of live objects, with what classes and modules offer taken from the cache where it stands.
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+#include <string_view>
+
+#include "frontends/completion/subject.h"
+#include "host/array_library.h"
+
+namespace contextdata::python {
+
+/// The members of a value whose names begin with `prefix`, as a tuple of `Completion`. The interrupt passes.
+pybind11::object membersOfValue(const qxSharedArray& value, std::u16string_view prefix);
+
+/// The members of a subject that is no value: a class or module known by name.
+pybind11::object membersOfNamed(const completion::Subject& subject, std::u16string_view prefix);
+
+}  // namespace contextdata::python

@@ -1,0 +1,58 @@
+#include "frontends/python/src/module_members.h"
+
+#include <utility>
+#include <vector>
+
+#include "frontends/completion/value_members.h"
+#include "frontends/python/src/python_text.h"
+#include "frontends/python/src/variables.h"
+
+namespace contextdata::python {
+
+using completion::Item;
+using completion::Items;
+using completion::Kind;
+
+namespace {
+
+Kind kindOf(PyObject* bound) {
+    if (PyType_Check(bound)) {
+        return Kind::classType;
+    }
+    if (PyModule_Check(bound)) {
+        return Kind::space;
+    }
+    return PyFunction_Check(bound) || PyCFunction_Check(bound) ? Kind::function : Kind::property;
+}
+
+Items bindingsOf(PyObject* dictionary) {
+    std::vector<Item> items;
+    Py_ssize_t position = 0;
+    PyObject* key = nullptr;
+    PyObject* value = nullptr;
+    while (PyDict_Next(dictionary, &position, &key, &value) != 0) {
+        if (isPublicName(key)) {
+            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOf(value), {}});
+        }
+    }
+    return sortedOnce(std::move(items));
+}
+
+}  // namespace
+
+Items membersOfModule(const qxSharedArray& value, PyObject* module) {
+    PyObject* dictionary = PyModule_GetDict(module);
+    Items listed = membersOf(completion::describe(value));
+    std::erase_if(listed, [dictionary](const Item& item) {
+        return item.kind == Kind::space && findName(dictionary, item.name) == nullptr;
+    });
+    // The namespace knows better than the bare value what a name is, so its word comes first.
+    return merged(withoutPrivateModules(std::move(listed)), bindingsOf(dictionary));
+}
+
+Items withoutPrivateModules(Items items) {
+    std::erase_if(items, [](const Item& item) { return item.kind == Kind::space && item.name.starts_with(u'_'); });
+    return items;
+}
+
+}  // namespace contextdata::python

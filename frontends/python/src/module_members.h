@@ -1,0 +1,21 @@
+// What a live module offers behind a dot, which is not quite what it holds as a namespace.
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+#include "frontends/completion/item.h"
+#include "host/array_library.h"
+
+namespace contextdata::python {
+
+/// The public names that a module binds.
+///
+/// As a namespace it holds its modules on disk as well, which cannot be read until they are imported; and a module
+/// that is not loaded under its name is no namespace at all, yet binds names like any other. `value` stands for
+/// `module`. Depends on nothing but the module's dict.
+completion::Items membersOfModule(const qxSharedArray& value, PyObject* module);
+
+/// Leaves the modules out that custom calls private: the class system knows no access of namespaces.
+completion::Items withoutPrivateModules(completion::Items items);
+
+}  // namespace contextdata::python

@@ -1,0 +1,59 @@
+// The module `contextdata._native`.
+#include <pybind11/pybind11.h>
+
+#include "frontends/python/src/complete.h"
+#include "frontends/python/src/listing_cache.h"
+#include "frontends/python/src/results.h"
+#include "host/exceptions.h"
+
+namespace contextdata::python {
+
+namespace {
+
+constexpr const char* completeDocumentation =
+    "complete(text, cursor=None, namespace=None)\n--\n\n"
+    "Says which names may follow the text up to the cursor.\n\n"
+    "The text is read, never run: neither are the properties, descriptors and hooks of the objects it\n"
+    "names; only an object's own __dir__ is asked, when its class has one.\n\n"
+    "text: a str, from the start of a cell or line.\n"
+    "cursor: a position in code points; the end of the text when left out.\n"
+    "namespace: the plain dict of the names that the text can use, before the built-in ones; that of\n"
+    "__main__ when left out.\n\n"
+    "The answer is a Completions, which is empty when nothing may follow: in strings and comments, after\n"
+    "what would have to be evaluated first, and where there is no dot.";
+
+constexpr const char* membersDocumentation =
+    "members(object, /)\n--\n\n"
+    "Lists what may follow a live object, class or module and a dot: a list of Completion, sorted by name.";
+
+// Called without the binding library's own dispatch, which costs more than a small answer does.
+PyMethodDef quickFunctions[] = {{"complete", reinterpret_cast<PyCFunction>(reinterpret_cast<void*>(complete)),
+                                 METH_FASTCALL | METH_KEYWORDS, completeDocumentation},
+                                {"members", members, METH_O, membersDocumentation},
+                                {nullptr, nullptr, 0, nullptr}};
+
+}  // namespace
+
+PYBIND11_MODULE(_native, module) {
+    module.doc() = "The completion engine on the live Python session.";
+    addResultTypes(module);
+    if (PyModule_AddFunctions(module.ptr(), quickFunctions) != 0) {
+        throw pybind11::error_already_set();
+    }
+    pybind11::register_exception_translator([](std::exception_ptr thrown) {
+        try {
+            std::rethrow_exception(thrown);
+        } catch (const foundation::core::except::InterruptException&) {
+            PyErr_SetNone(PyExc_KeyboardInterrupt);
+        }
+    });
+    module.def("explain", &explain, pybind11::arg("text"), pybind11::arg("namespace"),
+               "Says why a text offers nothing: (reason, names of the chain, how many of them could be followed).");
+    module.def(
+        "kept_listings", [] { return listingCache().size(); }, "How many listings are kept at this moment.");
+    module.def(
+        "forget_listings", [] { listingCache().clear(); }, "Drops the listings that are kept.");
+    module.attr("most_kept_listings") = ListingCache::capacity;
+}
+
+}  // namespace contextdata::python

@@ -1,0 +1,111 @@
+"""Asking again and again takes no more memory."""
+
+import gc
+import sys
+import tracemalloc
+import types
+
+import numpy
+import pandas
+import pytest
+
+import contextdata
+
+
+class Thing:
+    declared: int
+
+    def __init__(self):
+        self.own = 1
+        self.inner = types.SimpleNamespace(value=1j)
+
+    def method(self):
+        pass
+
+
+def resident_bytes():
+    with open("/proc/self/statm") as status:
+        return int(status.read().split()[1]) * 4096
+
+
+NAMESPACE = {"thing": Thing(), "Thing": Thing, "numpy": numpy, "array": numpy.zeros(3), "text": "x",
+             "frame": pandas.DataFrame({"a": [1]})}  # fmt: skip
+TEXTS = ["thing.", "thing.me", "thing.inner.value.", "Thing.", "numpy.linalg.", "array.T.", "text.", "missing.",
+         "thing.missing.", "'thing.", "1.", "numpy.zer", "κ.", "dict."]  # fmt: skip
+
+
+def complete_all(times):
+    for _ in range(times):
+        for text in TEXTS:
+            contextdata.complete(text, namespace=NAMESPACE)
+
+
+@pytest.mark.parametrize("rounds", [100_000 // len(TEXTS) + 1])
+def test_a_hundred_thousand_completions_leave_nothing_behind(rounds):
+    complete_all(200)
+    gc.collect()
+    before = resident_bytes()
+    blocks_before = sys.getallocatedblocks()
+    complete_all(rounds)
+    gc.collect()
+    assert sys.getallocatedblocks() - blocks_before < 200
+    assert resident_bytes() - before < 2_000_000
+
+
+def test_frames_leave_nothing_behind():
+    for _ in range(100):
+        contextdata.complete("frame.", namespace=NAMESPACE)
+    gc.collect()
+    before = sys.getallocatedblocks()
+    for _ in range(1000):
+        contextdata.complete("frame.", namespace=NAMESPACE)
+    gc.collect()
+    assert sys.getallocatedblocks() - before < 200
+
+
+def test_classes_that_come_and_go_leave_nothing_behind():
+    def come_and_go(times):
+        for index in range(times):
+            contextdata.members(type("Passing", (), {"member": 1, "other": 2})())
+            if index % 500 == 0:
+                gc.collect()
+        gc.collect()
+
+    come_and_go(3000)
+    before = resident_bytes()
+    blocks_before = sys.getallocatedblocks()
+    come_and_go(10_000)
+    assert sys.getallocatedblocks() - blocks_before < 2000
+    assert resident_bytes() - before < 4_000_000
+
+
+def test_refused_calls_leave_nothing_behind():
+    def refuse(times):
+        for _ in range(times):
+            for arguments in ((5,), ("x.", 99), ("x.", 0, 5)):
+                with pytest.raises((TypeError, ValueError)):
+                    contextdata.complete(*arguments)
+
+    refuse(100)
+    gc.collect()
+    tracemalloc.start()
+    refuse(10)
+    gc.collect()
+    before, _ = tracemalloc.get_traced_memory()
+    refuse(1000)
+    gc.collect()
+    after, _ = tracemalloc.get_traced_memory()
+    tracemalloc.stop()
+    assert after - before < 20_000
+
+
+def test_reference_counts_stay():
+    thing = Thing()
+    namespace = {"thing": thing}
+    contextdata.complete("thing.", namespace=namespace)
+    before = sys.getrefcount(thing), sys.getrefcount(namespace), sys.getrefcount(None)
+    for _ in range(1000):
+        contextdata.complete("thing.", namespace=namespace)
+        contextdata.members(thing)
+    after = sys.getrefcount(thing), sys.getrefcount(namespace), sys.getrefcount(None)
+    assert before[:2] == after[:2] and abs(after[2] - before[2]) < 50
