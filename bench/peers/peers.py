@@ -1,0 +1,222 @@
+#!/usr/bin/python3
+"""Times member completion against the tools that people use today, on the same live objects in one process.
+
+For every object: the median and the 95th percentile of a warm completion after its dot, the names returned, and
+whether user code ran while names were merely listed. Only ratios within one run mean anything; --check fails the run
+when a goal is missed: five times faster than the fastest peer, never slower than dir(), no public member of dir()
+left out, no user code run.
+"""
+
+import argparse
+import enum
+import gc
+import statistics
+import sys
+import time
+import types
+
+import jedi
+import numpy
+import pandas
+import rlcompleter
+from IPython.core.completer import provisionalcompleter
+from IPython.core.interactiveshell import InteractiveShell
+
+import contextdata
+
+SPEED_GOAL = 5.0
+ran_user_code = []
+
+
+def class_of_many_members():
+    """A class of 1 000 methods and 200 properties, which tell when they run."""
+    def method(self):
+        return self
+
+    body = {f"method_number_{number}": method for number in range(1000)}
+    for number in range(200):
+        def getter(self, number=number):
+            ran_user_code.append(number)
+            return number
+        body[f"property_number_{number}"] = property(getter)
+    return type("Many", (), body)
+
+
+def end_of_a_chain(depth):
+    """A class of ten methods and a property at each of so many levels."""
+    base = object
+    for level in range(depth):
+        def getter(self, level=level):
+            ran_user_code.append(level)
+            return level
+        body = {f"step_{level}_{number}": (lambda self: None) for number in range(10)}
+        body[f"level_{level}"] = property(getter)
+        base = type(f"Link{level}", (base,), body)
+    return base
+
+
+class Colour(enum.Enum):
+    """An enumeration with a property that tells when it runs."""
+
+    RED = 1
+    GREEN = 2
+    BLUE = 3
+    CRIMSON = 1
+
+    @property
+    def shade(self):
+        ran_user_code.append(self)
+        return 0
+
+
+def live_objects():
+    frame = pandas.DataFrame({"price": [1.0], "amount": [2], "name": ["x"]})
+    return {
+        "a": numpy.arange(6.0).reshape(2, 3),
+        "df": frame,
+        "df.index": frame,
+        "np": numpy,
+        "many": class_of_many_members()(),
+        "chain": end_of_a_chain(50)(),
+        "Colour": Colour,
+        "colour": Colour.RED,
+    }
+
+
+class Ours:
+    name = "contextdata"
+
+    def __init__(self, namespace):
+        self.namespace = namespace
+
+    def names(self, text):
+        return [item.name for item in contextdata.complete(text, namespace=self.namespace)]
+
+    def run(self, text):
+        return list(contextdata.complete(text, namespace=self.namespace))
+
+
+class Readline:
+    name = "rlcompleter"
+
+    def __init__(self, namespace):
+        self.completer = rlcompleter.Completer(namespace)
+
+    def run(self, text):
+        return self.completer.attr_matches(text)
+
+    def names(self, text):
+        return [match[len(text):].rstrip("(") for match in self.run(text)]
+
+
+class Shell:
+    def __init__(self, namespace, use_jedi):
+        self.name = "ipython+jedi" if use_jedi else "ipython"
+        shell = InteractiveShell.instance()
+        shell.user_ns.update(namespace)
+        self.completer = shell.Completer
+        self.use_jedi = use_jedi
+
+    def run(self, text):
+        self.completer.use_jedi = self.use_jedi
+        with provisionalcompleter():
+            return list(self.completer.completions(text, len(text)))
+
+    def names(self, text):
+        return [match.text.rpartition(".")[2] for match in self.run(text)]
+
+
+class Jedi:
+    name = "jedi"
+
+    def __init__(self, namespace):
+        self.namespace = namespace
+
+    def run(self, text):
+        return jedi.Interpreter(text, [self.namespace]).complete()
+
+    def names(self, text):
+        return [match.name for match in self.run(text)]
+
+
+def timed(function, seconds):
+    """Seconds of each warm run, as many as fit, between 5 and 2 000."""
+    function()
+    times = []
+    end = time.perf_counter() + seconds
+    gc.collect()
+    while len(times) < 5 or (time.perf_counter() < end and len(times) < 2000):
+        start = time.perf_counter()
+        function()
+        times.append(time.perf_counter() - start)
+    return times
+
+
+def percentile(times, share):
+    return sorted(times)[min(len(times) - 1, int(share * len(times)))]
+
+
+def evaluated(expression, namespace):
+    head, _, tail = expression.partition(".")
+    value = namespace[head]
+    return getattr(value, tail) if tail else value
+
+
+def public_names(value):
+    """What dir() lists and nobody hides, less what no listing should offer: names that exist only once a module's own
+    code has run, and the other members of an enumeration after one of them."""
+    names = {name for name in dir(value) if not name.startswith("_")}
+    if isinstance(value, types.ModuleType):
+        names &= set(vars(value))
+    if isinstance(value, enum.Enum):
+        names -= set(type(value).__members__)
+    return names
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--seconds", type=float, default=0.5, help="for each tool and object")
+    parser.add_argument("--check", action="store_true", help="fail when a goal is missed")
+    arguments = parser.parse_args()
+
+    objects = live_objects()
+    namespace = {name: value for name, value in objects.items() if "." not in name}
+    tools = [Ours(namespace), Readline(namespace), Shell(namespace, False), Shell(namespace, True), Jedi(namespace)]
+    missed = []
+    print(f"{'object':9} {'tool':13} {'median us':>10} {'p95 us':>9} {'names':>6} {'x ours':>7}  user code")
+    for expression in objects:
+        text = expression + "."
+        value = evaluated(expression, namespace)
+        listing = statistics.median(timed(lambda: dir(value), arguments.seconds / 2))
+        medians = {}
+        for tool in tools:
+            ran_user_code.clear()
+            names = tool.names(text)
+            ran = "ran" if ran_user_code else "-"
+            times = timed(lambda: tool.run(text), arguments.seconds)
+            medians[tool.name] = statistics.median(times)
+            factor = medians[tool.name] / medians["contextdata"]
+            print(f"{expression:9} {tool.name:13} {medians[tool.name] * 1e6:10.1f} {percentile(times, .95) * 1e6:9.1f} "
+                  f"{len(set(names)):6} {factor:7.1f}  {ran}", flush=True)
+            if tool.name == "contextdata":
+                left_out = public_names(value) - set(names)
+                if left_out:
+                    missed.append(f"{text} leaves out {len(left_out)}: {', '.join(sorted(left_out)[:12])}")
+                if ran_user_code:
+                    missed.append(f"{text} ran user code")
+        ours = medians.pop("contextdata")
+        print(f"{expression:9} {'dir() alone':13} {listing * 1e6:10.1f} {'':9} {len(public_names(value)):6} "
+              f"{listing / ours:7.1f}")
+        fastest = min(medians.values())
+        if fastest < SPEED_GOAL * ours:
+            missed.append(f"{text} is {fastest / ours:.1f} times faster than the fastest peer, goal {SPEED_GOAL}")
+        if listing < ours:
+            missed.append(f"{text} takes {ours / listing:.2f} times as long as dir() alone")
+    for line in missed:
+        print("missed:", line)
+    if arguments.check and missed:
+        sys.exit(1)
+
+
+if __name__ == "__main__":
+    main()
