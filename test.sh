@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Builds and passes all tests, on a bare machine too.
+#   ./test.sh            everything
+#   ./test.sh quick      one build, its tests, no sanitizers and no clang
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")"
+source scripts/setup.sh
+
+need_packages "${build_packages[@]}" "${session_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev \
+  python3-pytest binutils git
+[ "${1:-}" = quick ] || need_packages clang clang-format clang-tidy libclang-rt-14-dev
+
+build_preset dev
+say "testing preset dev"
+ctest --preset dev
+
+if [ "${1:-}" != quick ]; then
+  build_preset asan
+  say "testing preset asan (address and undefined-behaviour sanitizers)"
+  ctest --preset asan
+
+  say "clang and clang-tidy over the library, the engine and the hosts"
+  build_preset tidy
+
+  say "building the benchmarks and checking them against their floors"
+  build_preset release --target name_lists_benchmark name_lists_instructions
+fi
+say "all passed"
