@@ -19,7 +19,7 @@ if [ "${1:-}" != quick ]; then
   say "testing preset asan (address and undefined-behaviour sanitizers)"
   ctest --preset asan
 
-  say "clang and clang-tidy over the library, the engine and the hosts"
+  say "clang and clang-tidy"
   build_preset tidy
 
   say "building the benchmarks and checking them against their floors"

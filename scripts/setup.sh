@@ -32,17 +32,20 @@ need_packages() {
 build_packages=(g++ cmake ninja-build libboost-dev python3 python3-dev python3-numpy pybind11-dev)
 session_packages=(python3-pandas)
 
-# Configures and builds one preset. Anything after its name goes to the build: --target and the like.
+# Configures, when that has not been done, and builds one preset. Anything after its name goes to the build: --target
+# and the like.
 build_preset() {
   local preset=$1
   shift
+  mkdir -p build
+  if [ ! -e "build/$preset/build.ninja" ]; then
+    say "configuring preset $preset"
+    cmake --preset "$preset" >"build/$preset.configure.log" 2>&1 || {
+      tail -n 30 "build/$preset.configure.log" >&2
+      echo "the preset $preset could not be configured; the lines above say why" >&2
+      return 1
+    }
+  fi
   say "building preset $preset"
-  cmake --preset "$preset" "${configure_options[@]}" >"build/$preset.configure.log" 2>&1 || {
-    tail -n 30 "build/$preset.configure.log" >&2
-    echo "the preset $preset could not be configured; the lines above say why" >&2
-    return 1
-  }
   cmake --build --preset "$preset" "$@" -- --quiet
 }
-configure_options=()
-mkdir -p build

@@ -10,8 +10,9 @@ is alive in the process and run none of its code: no property, no descriptor, no
 
 from collections.abc import Sequence as _Sequence
 
+from ._debugger import unwatch_debugger, watch_debugger
 from ._native import Completion, Completions, complete, members
 
 _Sequence.register(Completions)
 
-__all__ = ["Completion", "Completions", "complete", "members"]
+__all__ = ["Completion", "Completions", "complete", "members", "unwatch_debugger", "watch_debugger"]

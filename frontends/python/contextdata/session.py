@@ -7,7 +7,7 @@ import builtins
 import keyword
 import readline
 
-from contextdata import complete
+from contextdata import complete, watch_debugger
 
 _GREETING = """\
 contextdata: press Tab after a dot, as in  a.  df.  np.linalg.
@@ -45,7 +45,7 @@ class PromptCompleter:
 
 
 def start(namespace):
-    """Puts a few live objects into the namespace and completion on Tab, and greets."""
+    """Puts a few live objects into the namespace and completion on Tab, follows the debugger, and greets."""
     import numpy
     import pandas
 
@@ -58,4 +58,5 @@ def start(namespace):
     readline.set_completer(PromptCompleter(namespace))
     readline.set_completer_delims(_DELIMITERS)
     readline.parse_and_bind("tab: complete")
+    watch_debugger()
     print(_GREETING)

@@ -5,6 +5,7 @@
 #include "frontends/python/src/listing_cache.h"
 #include "frontends/python/src/results.h"
 #include "host/exceptions.h"
+#include "hosts/python/python_host.h"
 
 namespace contextdata::python {
 
@@ -49,6 +50,12 @@ PYBIND11_MODULE(_native, module) {
     });
     module.def("explain", &explain, pybind11::arg("text"), pybind11::arg("namespace"),
                "Says why a text offers nothing: (reason, names of the chain, how many of them could be followed).");
+    module.def(
+        "set_stopped_debugger",
+        [](const pybind11::object& debugger) {
+            python_host::setStoppedDebugger(debugger.is_none() ? nullptr : debugger.ptr());
+        },
+        pybind11::arg("debugger"), "Says which debugger holds the program; None when none does.");
     module.def(
         "kept_listings", [] { return listingCache().size(); }, "How many listings are kept at this moment.");
     module.def(
