@@ -23,6 +23,11 @@ bool isNamed(PyTypeObject* type, const char* fullName) {
     return ClassRegistry::instance().objectOf(type).getID().view() == fullName;
 }
 
+/// The library's own kinds of axes: their labels are data and never attributes.
+bool isAxis(PyTypeObject* type) {
+    return ClassRegistry::instance().objectOf(type).getID().view().starts_with("pandas.core.indexes.");
+}
+
 bool isCompiledManager(const PyTypeObject* type) {
     const bool isCompiledIn = (type->tp_flags & Py_TPFLAGS_HEAPTYPE) == 0;
     return isCompiledIn && isNamedType(type, "pandas._libs.internals.BlockManager");
@@ -72,6 +77,9 @@ Ref axesOf(PyObject* object) {
 }
 
 bool appendLabels(PyObject* object, const MemberTable& members, UniqueNameList& names) {
+    if (isAxis(Py_TYPE(object))) {
+        return true;
+    }
     const Ref axes = axesOf(object);
     if (!axes) {
         return false;
