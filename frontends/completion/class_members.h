@@ -13,6 +13,6 @@ enum class Side { classItself, object };
 ///
 /// Depends on nothing but the class, so the answer may be kept for as long as the class does not change. Empty for
 /// an unknown class. The interrupt passes; a list that the host fails at contributes nothing.
-Items membersOfClass(const ZELKContextData::ResolvedClassID& cls, Side side);
+Items membersOfClass(const ZELKContextData::ResolvedClassID& id, Side side);
 
 }  // namespace contextdata::completion

@@ -63,7 +63,7 @@ std::string packageOf(const fs::path& file) {
     for (fs::path folder = fs::absolute(file, error).parent_path();
          folder.has_filename() && fs::exists(folder / "__init__.py", error); folder = folder.parent_path()) {
         const std::string name = folder.filename().string();
-        package = package.empty() ? name : name + '.' + package;
+        package.insert(0, package.empty() ? name : name + '.');
     }
     return package;
 }

@@ -1,5 +1,7 @@
 #include "hosts/python/import_scope.h"
 
+#include <boost/range/adaptor/reversed.hpp>
+
 #include <string>
 
 #include "hosts/python/dictionaries.h"
@@ -15,9 +17,9 @@ PyObject* ImportScope::wholeImportOf(std::string_view name) const {
         return nullptr;
     }
     // Later imports cover earlier ones.
-    for (auto module = imports_.everythingOf.rbegin(); module != imports_.everythingOf.rend(); ++module) {
-        if (findInModule(*module, key.get()) != nullptr) {
-            return findLoadedModule(*module);
+    for (const auto& module : boost::adaptors::reverse(imports_.everythingOf)) {
+        if (findInModule(module, key.get()) != nullptr) {
+            return findLoadedModule(module);
         }
     }
     return nullptr;

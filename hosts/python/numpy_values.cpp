@@ -6,6 +6,8 @@
 #include <numpy/arrayobject.h>
 #include <numpy/arrayscalars.h>
 
+#include <algorithm>
+
 #include "hosts/python/callables.h"
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/live_modules.h"
@@ -164,6 +166,7 @@ std::optional<std::vector<std::size_t>> numpyExtentsOf(PyObject* object) {
         return std::nullopt;
     }
     std::vector<std::size_t> extents;
+    extents.reserve(static_cast<std::size_t>(std::max(PyArray_NDIM(array), 2)));
     for (int index = 0; index < PyArray_NDIM(array); ++index) {
         extents.push_back(static_cast<std::size_t>(PyArray_DIM(array, index)));
     }

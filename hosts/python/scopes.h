@@ -10,6 +10,8 @@
 /// What the code of one place sees.
 class FunctionScope {
 public:
+    FunctionScope(const FunctionScope&) = delete;
+    FunctionScope& operator=(const FunctionScope&) = delete;
     virtual ~FunctionScope() = default;
 
     /// Whether the code binds the name at all, so that a built-in of that name is hidden from it.
@@ -20,8 +22,6 @@ public:
 
 protected:
     FunctionScope() = default;
-    FunctionScope(const FunctionScope&) = delete;
-    FunctionScope& operator=(const FunctionScope&) = delete;
 };
 
 namespace python_host {

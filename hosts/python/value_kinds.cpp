@@ -8,7 +8,7 @@
 
 /// The type of plain records of attributes; exported by the interpreter, though not declared for the public.
 extern "C" {
-extern PyTypeObject _PyNamespace_Type;
+extern PyTypeObject _PyNamespace_Type;  // NOLINT(bugprone-reserved-identifier): the interpreter's own name
 }
 
 namespace python_host {

@@ -1,6 +1,8 @@
 // The module `contextdata._native`.
 #include <pybind11/pybind11.h>
 
+#include <utility>
+
 #include "frontends/python/src/complete.h"
 #include "frontends/python/src/listing_cache.h"
 #include "frontends/python/src/results.h"
@@ -43,7 +45,7 @@ PYBIND11_MODULE(_native, module) {
     }
     pybind11::register_exception_translator([](std::exception_ptr thrown) {
         try {
-            std::rethrow_exception(thrown);
+            std::rethrow_exception(std::move(thrown));
         } catch (const foundation::core::except::InterruptException&) {
             PyErr_SetNone(PyExc_KeyboardInterrupt);
         }
