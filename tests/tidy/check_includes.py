@@ -36,6 +36,8 @@ PUBLIC = {
     "introspection.h": "introspection",
     "member_names.h": "introspection",
     "exclusion_tables.h": "visitors",
+    "method_info.h": "visitors",
+    "property_info.h": "visitors",
     "class_member_names.h": "namelists",
     "values.h": "values",
     "workspace_methods.h": "values",

@@ -1,0 +1,74 @@
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <stdexcept>
+#include <string_view>
+
+#include "contextdata/property_info.h"
+
+namespace ZELKContextData {
+
+namespace {
+
+constexpr std::uint64_t anySize = std::numeric_limits<std::uint64_t>::max();
+
+class SizeStringException : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+bool isLetter(char16_t unit) { return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z'); }
+bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+
+bool isName(std::u16string_view text) {
+    return !text.empty() && isLetter(text.front()) && std::all_of(text.begin(), text.end(), [](char16_t unit) {
+        return isLetter(unit) || isDigit(unit) || unit == u'_';
+    });
+}
+
+std::u16string_view trimmed(std::u16string_view text) {
+    constexpr std::u16string_view blanks = u" \t\n\v\f\r";
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::u16string_view::npos ? std::u16string_view()
+                                              : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
+std::uint32_t toNumber(std::u16string_view text) {
+    const std::u16string_view digits = trimmed(text);
+    if (digits.empty()) {
+        throw SizeStringException("Empty");
+    }
+    if (!std::all_of(digits.begin(), digits.end(), isDigit)) {
+        throw SizeStringException("Non number");
+    }
+    std::string narrow(digits.size(), '\0');
+    std::transform(digits.begin(), digits.end(), narrow.begin(), [](char16_t unit) { return static_cast<char>(unit); });
+    std::uint32_t number = 0;
+    const auto [end, error] = std::from_chars(narrow.data(), narrow.data() + narrow.size(), number);
+    if (error == std::errc::result_out_of_range) {
+        throw SizeStringException("stoul argument out of range");
+    }
+    if (error != std::errc()) {
+        throw SizeStringException("invalid stoul argument");
+    }
+    return number;
+}
+
+std::uint64_t toExtent(const std::u16string& text) { return text == u":" || isName(text) ? anySize : toNumber(text); }
+
+}  // namespace
+
+std::vector<std::uint64_t> PropertyInfo::castSizeStringToIntegers(const std::vector<std::u16string>& sizes) {
+    std::vector<std::uint64_t> extents;
+    extents.reserve(sizes.size());
+    try {
+        for (const std::u16string& size : sizes) {
+            extents.push_back(toExtent(size));
+        }
+    } catch (const SizeStringException&) {
+        extents.clear();
+    }
+    return extents;
+}
+
+}  // namespace ZELKContextData
