@@ -89,7 +89,7 @@ TEST_F(LiveChanges, ANewClassInThePlaceOfADeadOneHasAnotherStamp) {
         const auto current = stamp("A");
         ASSERT_TRUE(current);
         ASSERT_NE(current, last);
-        ASSERT_THAT(properties("__main__.A"), ElementsAre("m" + std::to_string(round)));
+        ASSERT_THAT(properties("__main__.A"), ElementsAre(std::string("m").append(std::to_string(round))));
         last = current;
     }
 }
