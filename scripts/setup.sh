@@ -16,36 +16,39 @@ need_packages() {
     command -v sudo >/dev/null || { echo "packages are missing (${missing[*]}): run this as root, or install sudo" >&2; return 1; }
     as_root=(sudo)
   fi
-  # Output is kept for the case that something goes wrong.
-  local log
-  log=$(mktemp)
-  if ! { "${as_root[@]}" apt-get update -q && \
-         "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"; } \
-       >"$log" 2>&1; then
-    tail -n 20 "$log" >&2
-    echo "the packages could not be installed; the lines above say why" >&2
-    return 1
-  fi
-  rm -f "$log"
+  mkdir -p build
+  shown_on_failure build/packages.log "${as_root[@]}" apt-get update -q
+  shown_on_failure build/packages.log "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -q --no-install-recommends "${missing[@]}"
 }
 
 build_packages=(g++ cmake ninja-build libboost-dev python3 python3-dev python3-numpy pybind11-dev)
 session_packages=(python3-pandas)
 
-# Configures, when that has not been done, and builds one preset. Anything after its name goes to the build: --target
-# and the like.
+# Configures, when that has not been done, and builds one preset, or the targets named after it. Silent when there is
+# nothing to do.
 build_preset() {
   local preset=$1
   shift
+  local folder=build/$preset
   mkdir -p build
-  if [ ! -e "build/$preset/build.ninja" ]; then
+  if [ ! -e "$folder/build.ninja" ]; then
     say "configuring preset $preset"
-    cmake --preset "$preset" >"build/$preset.configure.log" 2>&1 || {
-      tail -n 30 "build/$preset.configure.log" >&2
-      echo "the preset $preset could not be configured; the lines above say why" >&2
-      return 1
-    }
+    shown_on_failure "$folder.configure.log" cmake --preset "$preset"
+  fi
+  if ninja -C "$folder" -n "$@" 2>/dev/null | grep -q 'no work to do'; then
+    return 0
   fi
   say "building preset $preset"
-  cmake --build --preset "$preset" "$@" -- --quiet
+  shown_on_failure "$folder.build.log" ninja -C "$folder" "$@"
+}
+
+# Runs a command, keeps what it prints in a file, and shows the end of that when it fails.
+shown_on_failure() {
+  local log=$1
+  shift
+  "$@" >"$log" 2>&1 && return 0
+  tail -n 40 "$log" >&2
+  echo "failed: $*; the lines above say why, all of it is in $log" >&2
+  return 1
 }

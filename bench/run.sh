@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Measures: the name lists beside their floor, in instructions, and live completion beside today's tools.
+# Fails when a goal is missed.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+source scripts/setup.sh
+
+need_packages "${build_packages[@]}" "${session_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev valgrind \
+  python3-ipython python3-jedi
+build_preset release
+
+say "instructions of the name lists, beside their floor"
+bench/instruction_ratios.py build/release/bench/name_lists_instructions --check
+say "live completion, beside today's tools"
+PYTHONPATH=build/release/python bench/peers/peers.py --check
