@@ -30,14 +30,20 @@ def main(arguments: list[str]) -> int:
         answer.write(text)
         answer.close()
     except CommandError as error:
-        print(f"contextdata: {error}", file=sys.stderr)
+        _say(str(error))
         return _FAILED
     except BrokenPipeError:
         return 0
     except KeyboardInterrupt:
-        print("contextdata: interrupted", file=sys.stderr)
+        _say("interrupted")
         return _INTERRUPTED
     return 0
+
+
+def _say(line: str) -> None:
+    """Writes a line to the error stream, after what the statements printed there."""
+    sys.stdout.flush()
+    print(f"contextdata: {line}", file=sys.stderr)
 
 
 def _take_standard_output():
