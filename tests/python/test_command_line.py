@@ -172,3 +172,13 @@ def test_a_reader_that_goes_away_is_no_error():
     command = f"{sys.executable} -m contextdata members os | head -c 0"
     result = subprocess.run(command, shell=True, capture_output=True, text=True, timeout=60)
     assert result.stderr == ""
+
+
+def test_statements_that_spoil_the_streams_still_get_their_line():
+    assert "ZeroDivisionError" in fails("complete", "import sys; sys.stdout = sys.stderr = None; 1/0; x.")
+
+
+def test_what_statements_print_comes_before_the_line_about_them():
+    environment = {name: value for name, value in os.environ.items() if name != "PYTHONUNBUFFERED"}
+    result = run("complete", "print('loud'); 1/0; x.", env=environment)
+    assert result.stderr.splitlines()[0] == "loud"

@@ -1,6 +1,7 @@
 """The command line: runs what it is given, asks, and prints the answer."""
 
 import builtins
+import contextlib
 import importlib
 import json
 import os
@@ -41,9 +42,10 @@ def main(arguments: list[str]) -> int:
 
 
 def _say(line: str) -> None:
-    """Writes a line to the error stream, after what the statements printed there."""
-    sys.stdout.flush()
-    print(f"contextdata: {line}", file=sys.stderr)
+    """Writes a line to the error stream, after what the statements printed, whatever they made of the streams."""
+    with contextlib.suppress(Exception):
+        sys.stdout.flush()
+    print(f"contextdata: {line}", file=sys.__stderr__)
 
 
 def _take_standard_output():
