@@ -61,7 +61,12 @@ CONTEXTDATA_HOST_API void intrusive_ptr_release(const qxArray* value) noexcept;
 /// Shared owner of a value that nobody changes.
 using qxSharedArray = boost::intrusive_ptr<const qxArray>;
 
+/// The id that stands in the value itself, at no cost.
 CONTEXTDATA_HOST_API qxClassID qxGetClassID(const qxArray* value);
+
+/// The number of the value's class in the object system: for built-in kinds the id, for all others the number of the
+/// very class. May throw any host failure or the interrupt.
+CONTEXTDATA_HOST_API std::int32_t qxGetFullClassID(const qxArray* value);
 
 /// The name of the value's class, ASCII, zero-terminated ("double", or the class of an object). Borrowed until
 /// the value is destroyed. Never null.

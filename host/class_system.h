@@ -14,28 +14,19 @@
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
 
+#include "host/array_library.h"
+#include "host/counted.h"
+#include "host/data_types.h"
 #include "host/exceptions.h"
 #include "host/interned.h"
 #include "host/visibility.h"
+#include "host/visitor.h"
 
 namespace zelk {
-
-/// An object that the host counts. The two operations never fail and may do nothing for permanent objects.
-class COSReferenceCounted {
-public:
-    virtual void addReference() const noexcept = 0;
-    virtual void releaseReference() const noexcept = 0;
-
-protected:
-    COSReferenceCounted() = default;
-    COSReferenceCounted(const COSReferenceCounted&) = default;
-    COSReferenceCounted& operator=(const COSReferenceCounted&) = default;
-    ~COSReferenceCounted() = default;
-};
-
-inline void intrusive_ptr_add_ref(const COSReferenceCounted* object) noexcept { object->addReference(); }
-inline void intrusive_ptr_release(const COSReferenceCounted* object) noexcept { object->releaseReference(); }
 
 /// A metadata node: a method, a property, an enumeration member, a class or a namespace. The `cosiTo...`
 /// functions tell which.
@@ -73,33 +64,35 @@ protected:
 /// A counted handle to an iterator; empty stands for a walk over nothing.
 using COSIteratorPtr = boost::intrusive_ptr<COSIterator>;
 
-/// What a class calls once for every member it walks. Two virtual slots: the destructor and `visit`.
-template <class Node>
-class COSVisitor {
+/// A walk over interned ids in the class system's own order.
+class COSIDIterator : public COSReferenceCounted {
 public:
-    virtual ~COSVisitor() = default;
-    /// `member` is not null and is borrowed for the call; a visitor that keeps it takes a handle.
-    virtual void visit(Node member) = 0;
-};
-
-/// The declared type of a property's values.
-class COSDataType : public COSReferenceCounted {
-public:
-    /// The identifier of the type, empty when it has none.
-    virtual COSInternedID getID() const = 0;
+    virtual bool hasMoreElements() = 0;
+    /// Throws `ENoElements` when there is none left.
+    virtual COSInternedID nextElement() = 0;
 
 protected:
-    ~COSDataType() = default;
+    ~COSIDIterator() = default;
 };
 
-/// A counted handle to a data type; empty when a property declares none.
-using COSDataTypePtr = boost::intrusive_ptr<COSDataType>;
+/// A counted handle to such a walk; empty stands for a walk over nothing.
+using COSIDIteratorPtr = boost::intrusive_ptr<COSIDIterator>;
 
 /// Access code of a member that everybody may use. All other codes are the host's own.
 inline constexpr std::int32_t publicAccess = 0;
 
+/// Access code of a member that only the class that declares it may use. It is never asked of superclasses.
+inline constexpr std::int32_t privateAccess = 2;
+
 /// Set-access code of a property that can never be assigned: a constant.
 inline constexpr std::int32_t constantSetAccess = 5;
+
+/// Visibility of a member that is shown; with any other it is hidden.
+inline constexpr std::int32_t shownVisibility = 1;
+
+/// The classes to which a member is open whatever its access code says, and with them their subclasses: canonical
+/// names, each once, in the class system's own order. Borrowed from the member's node.
+using COSAccessList = std::span<const COSInternedID>;
 
 /// A method as the class system describes it.
 class COSMethodInfo {
@@ -110,9 +103,47 @@ public:
     virtual bool isListable() const = 0;
     /// The access code; `publicAccess` for everybody.
     virtual std::int32_t getAccess() const = 0;
+    virtual COSAccessList getAccessList() const = 0;
+    /// How the author shows the method to those who ask for records of methods. A hidden one is no record, yet hides
+    /// the methods of its name that the class inherits.
+    virtual std::int32_t getVisibility() const = 0;
 
 protected:
     ~COSMethodInfo() = default;
+};
+
+/// Those who read attributes of metadata; what an attribute shows may depend on who reads it.
+class COSClient;
+
+/// The client that stands for everybody. Permanent.
+CONTEXTDATA_HOST_API const COSClient& COSGetPublicClient();
+
+/// An attribute that the author gave to a piece of metadata, beyond those that the class system knows.
+class COSAttribute : public COSReferenceCounted {
+public:
+    /// Empty when the attribute declares none.
+    virtual COSDataTypePtr getDataType() const = 0;
+    /// The value as `client` sees it; null when it sees none.
+    virtual qxUniqueArray getValue(const COSClient& client) const = 0;
+
+protected:
+    ~COSAttribute() = default;
+};
+
+/// A counted handle to an attribute; empty when there is none of a name.
+using COSAttributePtr = boost::intrusive_ptr<COSAttribute>;
+
+/// What a class system with extended records knows of a property besides.
+class COSExtendedPropInfo {
+public:
+    /// Whether reading the property runs code of its author.
+    virtual bool hasCustomGetter() const = 0;
+    /// Finds out whether objects hold a value of the property, as against making one at each reading. True when it
+    /// could be found out; `isStored` is left alone when not.
+    virtual bool queryIsStored(bool& isStored) const = 0;
+
+protected:
+    ~COSExtendedPropInfo() = default;
 };
 
 /// A property as the class system describes it.
@@ -126,6 +157,16 @@ public:
     virtual bool isListable() const = 0;
     /// Empty when no type is declared.
     virtual COSDataTypePtr getDataType() const = 0;
+    virtual COSAccessList getGetAccessList() const = 0;
+    virtual COSAccessList getSetAccessList() const = 0;
+    /// As for methods, save that a hidden property is a record, kept apart.
+    virtual std::int32_t getVisibility() const = 0;
+    /// Whether nobody at all can assign the property, the class that declares it included.
+    virtual bool isReadOnly() const = 0;
+    /// The extended record, borrowed from the node; null when there is none.
+    virtual const COSExtendedPropInfo* getExtended() const = 0;
+    /// The author's attribute of a name; empty when there is none.
+    virtual COSAttributePtr findAttribute(COSInternedID name) const = 0;
 
 protected:
     ~COSPropInfo() = default;
@@ -166,6 +207,14 @@ public:
     /// from the class alone need not be complete. Passed on unread to those who ask for property names.
     virtual bool hasDynamicProperties() const = 0;
 
+    /// Whether the members that the class itself declares are kept out of records of members, even for those who ask
+    /// for hidden ones. What the class inherits is not concerned.
+    virtual bool withholdsOwnMembers() const = 0;
+
+    /// The direct superclasses by their ids, in the order of their declaration; each names a class object. Empty
+    /// when there is none.
+    virtual COSIDIteratorPtr getSuperclasses() = 0;
+
     /// Whether the class derives from the class named `base`; whether from itself is the host's to say.
     virtual bool isSubclassOf(COSInternedID base) const = 0;
 
@@ -182,8 +231,21 @@ public:
     /// As `visitMethods`, for properties.
     virtual void visitProperties(COSVisitor<COSInterface*>& visitor) = 0;
 
+    /// The same walks over the members that the class itself declares. A host that cannot tell them apart may show
+    /// inherited ones as well, at the cost of a deep class being walked once for every class that it derives from.
+    virtual void visitDeclaredMethods(COSVisitor<COSInterface*>& visitor) { visitMethods(visitor); }
+    virtual void visitDeclaredProperties(COSVisitor<COSInterface*>& visitor) { visitProperties(visitor); }
+
     /// The enumeration members in the class's order.
     virtual COSIteratorPtr getEnumerationMembers() = 0;
+
+    /// The names of the attributes that may be written where the class, or a class that derives from it, is declared:
+    /// on the class itself, on its properties, on its methods, on its events. `names` is filled anew; repeats are
+    /// allowed. `includeHidden` asks for those, too, that the class system does not advertise.
+    virtual void getClassAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
+    virtual void getPropertyAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
+    virtual void getMethodAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
+    virtual void getEventAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
 
 protected:
     ~COSClass() = default;

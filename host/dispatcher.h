@@ -1,9 +1,11 @@
-// The dispatcher: function scopes and the list of documented built-in functions. Interpreter thread only.
+// The dispatcher: function scopes, the object system and the list of documented built-in functions. Interpreter thread
+// only.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "host/object_system.h"
 #include "host/visibility.h"
 
 /// A place in code from which names are resolved (imports, the enclosing file). Owned by the host, which keeps it
@@ -19,6 +21,9 @@ public:
 
     /// The scope of the function that runs now; null at the prompt.
     virtual FunctionScope* GetCurrentlyExecutingFunctionScope() = 0;
+
+    /// The object system; the host keeps it for the life of the process.
+    virtual ObjectSystem& getObjectSystem() = 0;
 
     /// The names of the built-in functions that have documentation; repeats are allowed.
     virtual std::vector<std::u16string> getDocumentedBuiltins() = 0;

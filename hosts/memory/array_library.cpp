@@ -5,6 +5,7 @@
 
 #include "host/class_objects.h"
 #include "hosts/memory/failure.h"
+#include "hosts/memory/intern_table.h"
 #include "hosts/memory/value.h"
 #include "hosts/memory/watch.h"
 #include "hosts/memory/world_state.h"
@@ -47,6 +48,15 @@ void intrusive_ptr_release(const qxArray* value) noexcept {
 qxClassID qxGetClassID(const qxArray* value) {
     enter(Service::qxGetClassID);
     return value->id;
+}
+
+std::int32_t qxGetFullClassID(const qxArray* value) {
+    enter(Service::qxGetFullClassID);
+    // A foreign value bears the number of its class when the object system knows that class.
+    const bool isForeign = value->id == qxClassID::opaque || value->id == qxClassID::object;
+    const memory_host::Class* cls =
+        isForeign ? memory_host::currentWorld().findClass(memory_host::intern(value->className)) : nullptr;
+    return static_cast<std::int32_t>(cls == nullptr ? value->id : cls->number);
 }
 
 const char* qxGetClassName(const qxArray* value) {

@@ -2,11 +2,23 @@
 
 #include <algorithm>
 
+#include "hosts/memory/id_iterator.h"
 #include "hosts/memory/node_iterator.h"
 #include "hosts/memory/watch.h"
 #include "hosts/memory/world_state.h"
 
 namespace memory_host {
+
+namespace {
+
+template <class Nodes>
+void visitAll(Nodes& nodes, zelk::COSVisitor<zelk::COSInterface*>& visitor) {
+    for (auto& node : nodes) {
+        visitor.visit(&node);
+    }
+}
+
+}  // namespace
 
 const std::vector<Class*>& Class::lineage() const {
     if (lineageGeneration_ != world.classGeneration) {
@@ -36,13 +48,20 @@ std::size_t Class::handlesAlive() const noexcept {
         }
     };
     add(methods);
-    add(properties);
     add(enumerationMembers);
+    for (const Property& property : properties) {
+        alive += property.handlesAlive();
+    }
     return alive;
 }
 
-const zelk::COSClassDefinition* Class::getDefinition(bool /*load*/) {
-    if (entersToNull(Service::classGetDefinition, id) || !defined) {
+const zelk::COSClassDefinition* Class::getDefinition(bool load) {
+    if (entersToNull(Service::classGetDefinition, id)) {
+        return nullptr;
+    }
+    // Every definition can be fetched here, so a caller that lets the host fetch one leaves its mark.
+    defined = defined || load;
+    if (!defined) {
         return nullptr;
     }
     // Opaque to everybody: only its being there counts.
@@ -107,19 +126,25 @@ zelk::COSInterfacePtr Class::findProperty(zelk::COSInternedID name) {
 void Class::visitMethods(zelk::COSVisitor<zelk::COSInterface*>& visitor) {
     enter(Service::classVisitMethods, id);
     for (Class* cls : lineage()) {
-        for (Method& method : cls->methods) {
-            visitor.visit(&method);
-        }
+        visitAll(cls->methods, visitor);
     }
 }
 
 void Class::visitProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor) {
     enter(Service::classVisitProperties, id);
     for (Class* cls : lineage()) {
-        for (Property& property : cls->properties) {
-            visitor.visit(&property);
-        }
+        visitAll(cls->properties, visitor);
     }
+}
+
+void Class::visitDeclaredMethods(zelk::COSVisitor<zelk::COSInterface*>& visitor) {
+    enter(Service::classVisitMethods, id);
+    visitAll(methods, visitor);
+}
+
+void Class::visitDeclaredProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor) {
+    enter(Service::classVisitProperties, id);
+    visitAll(properties, visitor);
 }
 
 zelk::COSIteratorPtr Class::getEnumerationMembers() {
@@ -127,6 +152,51 @@ zelk::COSIteratorPtr Class::getEnumerationMembers() {
         return nullptr;
     }
     return NodeIterator::over(enumeration);
+}
+
+bool Class::withholdsOwnMembers() const {
+    enter(Service::classWithholdsOwnMembers, id);
+    return withholding;
+}
+
+zelk::COSIDIteratorPtr Class::getSuperclasses() {
+    if (entersToNull(Service::classGetSuperclasses, id)) {
+        return nullptr;
+    }
+    return IDIterator::over(superclassIDs);
+}
+
+namespace {
+
+void fill(std::vector<std::string>& names, const std::vector<AttributeName>& attributes, bool includeHidden) {
+    names.clear();
+    for (const AttributeName& attribute : attributes) {
+        if (includeHidden || !attribute.hidden) {
+            names.push_back(attribute.name);
+        }
+    }
+}
+
+}  // namespace
+
+void Class::getClassAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    enter(Service::classGetClassAttributeNames, id);
+    fill(names, classAttributes, includeHidden);
+}
+
+void Class::getPropertyAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    enter(Service::classGetPropertyAttributeNames, id);
+    fill(names, propertyAttributes, includeHidden);
+}
+
+void Class::getMethodAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    enter(Service::classGetMethodAttributeNames, id);
+    fill(names, methodAttributes, includeHidden);
+}
+
+void Class::getEventAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    enter(Service::classGetEventAttributeNames, id);
+    fill(names, eventAttributes, includeHidden);
 }
 
 }  // namespace memory_host

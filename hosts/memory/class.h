@@ -16,6 +16,12 @@ struct WorldState;
 
 using ValueFunction = std::function<qxUniqueArray(const qxArray*)>;
 
+/// An attribute name that a class advertises, or keeps for those who ask for all.
+struct AttributeName {
+    std::string name;
+    bool hidden = false;
+};
+
 class Class final : public Node, public zelk::COSClass {
 public:
     Class(WorldState& world, zelk::COSInternedID id, qxClassID number) noexcept
@@ -36,7 +42,15 @@ public:
     zelk::COSInterfacePtr findProperty(zelk::COSInternedID name) override;
     void visitMethods(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
     void visitProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
+    void visitDeclaredMethods(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
+    void visitDeclaredProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
     zelk::COSIteratorPtr getEnumerationMembers() override;
+    bool withholdsOwnMembers() const override;
+    zelk::COSIDIteratorPtr getSuperclasses() override;
+    void getClassAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
+    void getPropertyAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
+    void getMethodAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
+    void getEventAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
 
     WorldState& world;
     zelk::COSInternedID id;
@@ -44,7 +58,13 @@ public:
     bool defined = true;
     bool hidden = false;
     bool dynamicProperties = false;
+    bool withholding = false;
     std::vector<Class*> superclasses;
+    std::vector<zelk::COSInternedID> superclassIDs;  // what the superclass walk yields, ids of no class included
+    std::vector<AttributeName> classAttributes;
+    std::vector<AttributeName> propertyAttributes;
+    std::vector<AttributeName> methodAttributes;
+    std::vector<AttributeName> eventAttributes;
     std::deque<Method> methods;
     std::deque<Property> properties;
     std::deque<EnumerationMember> enumerationMembers;

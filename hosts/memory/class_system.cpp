@@ -38,6 +38,15 @@ COSInterfacePtr COSPackage::getNamespaceInterface(COSInternedID name) {
     return found == namespaces.end() ? nullptr : found->second;
 }
 
+/// There is one client here, and it sees everything.
+class COSClient {};
+
+const COSClient& COSGetPublicClient() {
+    static const COSClient client;
+    memory_host::enter(Service::getPublicClient);
+    return client;
+}
+
 COSMethodInfo* cosiToMethod(COSInterface* node) noexcept { return viewed<memory_host::Method>(node, NodeKind::method); }
 
 COSPropInfo* cosiToProp(COSInterface* node) noexcept { return viewed<memory_host::Property>(node, NodeKind::property); }

@@ -1,7 +1,8 @@
-// Function scopes, built-in functions and the feature switch.
+// The dispatcher and the feature switch.
 #include "host/dispatcher.h"
 
 #include "host/feature.h"
+#include "hosts/memory/object_system.h"
 #include "hosts/memory/world_state.h"
 
 using memory_host::currentWorld;
@@ -30,10 +31,18 @@ public:
         return none ? nullptr : currentWorld().executing;
     }
 
+    ObjectSystem& getObjectSystem() override {
+        enter(Service::getObjectSystem);
+        return objectSystem_;
+    }
+
     std::vector<std::u16string> getDocumentedBuiltins() override {
         enter(Service::getDocumentedBuiltins);
         return currentWorld().documentedBuiltins;
     }
+
+private:
+    memory_host::MemoryObjectSystem objectSystem_;
 };
 
 }  // namespace

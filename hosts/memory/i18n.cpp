@@ -60,6 +60,9 @@ std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& 
 
 std::u16string to_ustring(std::string_view text) {
     enter(Service::toUstring, text);
+    if (isAscii(text)) {
+        return widened(text);
+    }
     try {
         return utf_to_utf<char16_t>(text.data(), text.data() + text.size(), stop);
     } catch (const conversion_error&) {

@@ -1,5 +1,7 @@
 #include "hosts/memory/members.h"
 
+#include <algorithm>
+
 #include "hosts/memory/watch.h"
 
 namespace memory_host {
@@ -24,9 +26,37 @@ std::int32_t Method::getAccess() const {
     return access;
 }
 
-zelk::COSInternedID DataType::getID() const {
-    enter(Service::dataTypeGetID);
-    return id_;
+zelk::COSAccessList Method::getAccessList() const {
+    enter(Service::methodGetAccessList, id);
+    return accessList;
+}
+
+std::int32_t Method::getVisibility() const {
+    enter(Service::methodGetVisibility, id);
+    return visibility;
+}
+
+zelk::COSDataTypePtr Attribute::getDataType() const {
+    return entersToNull(Service::attributeGetDataType, name) ? nullptr : type_;
+}
+
+qxUniqueArray Attribute::getValue(const zelk::COSClient& /*client*/) const {
+    if (entersToNull(Service::attributeGetValue, name) || value == nullptr) {
+        return nullptr;
+    }
+    intrusive_ptr_add_ref(value.get());
+    return qxUniqueArray(value.get());
+}
+
+bool ExtendedProperty::hasCustomGetter() const {
+    enter(Service::extendedHasCustomGetter);
+    return customGetter;
+}
+
+bool ExtendedProperty::queryIsStored(bool& isStored) const {
+    enter(Service::extendedQueryIsStored);
+    isStored = stored.value_or(isStored);
+    return stored.has_value();
 }
 
 const char* Property::getName() const {
@@ -51,6 +81,54 @@ bool Property::isListable() const {
 
 zelk::COSDataTypePtr Property::getDataType() const {
     return entersToNull(Service::propertyGetDataType, id) ? nullptr : dataType;
+}
+
+zelk::COSAccessList Property::getGetAccessList() const {
+    enter(Service::propertyGetGetAccessList, id);
+    return getAccessList;
+}
+
+zelk::COSAccessList Property::getSetAccessList() const {
+    enter(Service::propertyGetSetAccessList, id);
+    return setAccessList;
+}
+
+std::int32_t Property::getVisibility() const {
+    enter(Service::propertyGetVisibility, id);
+    return visibility;
+}
+
+bool Property::isReadOnly() const {
+    enter(Service::propertyIsReadOnly, id);
+    return readOnly;
+}
+
+const zelk::COSExtendedPropInfo* Property::getExtended() const {
+    return entersToNull(Service::propertyGetExtended, id) || !extended ? nullptr : &*extended;
+}
+
+zelk::COSAttributePtr Property::findAttribute(zelk::COSInternedID name) const {
+    if (entersToNull(Service::propertyFindAttribute, name)) {
+        return nullptr;
+    }
+    const auto found = std::find_if(attributes.begin(), attributes.end(),
+                                    [name](const Attribute& attribute) { return attribute.name == name; });
+    return found == attributes.end() ? nullptr : zelk::COSAttributePtr(&*found);
+}
+
+std::size_t Property::handlesAlive() const noexcept {
+    std::size_t alive = references() + (dataType ? dataType->references() - 1 : 0);
+    for (const Attribute& attribute : attributes) {
+        alive += attribute.references();
+    }
+    return alive;
+}
+
+DataType& Property::type() {
+    if (!dataType) {
+        dataType = new DataType;
+    }
+    return *dataType;
 }
 
 const char* EnumerationMember::getName() const {

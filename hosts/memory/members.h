@@ -3,9 +3,13 @@
 
 #include <cassert>
 #include <cstdint>
-#include <string>
+#include <deque>
+#include <optional>
+#include <utility>
+#include <vector>
 
 #include "host/class_system.h"
+#include "hosts/memory/data_type.h"
 
 namespace memory_host {
 
@@ -48,30 +52,45 @@ public:
     bool isStatic() const override;
     bool isListable() const override;
     std::int32_t getAccess() const override;
+    zelk::COSAccessList getAccessList() const override;
+    std::int32_t getVisibility() const override;
 
     zelk::COSInternedID id;
     std::int32_t access = zelk::publicAccess;
+    std::vector<zelk::COSInternedID> accessList;
+    std::int32_t visibility = zelk::shownVisibility;
     bool isStaticMethod = false;
     bool listable = true;
 };
 
-class DataType final : public zelk::COSDataType {
+/// An attribute of a property's metadata.
+class Attribute final : public zelk::COSAttribute {
 public:
-    explicit DataType(zelk::COSInternedID id) noexcept : id_(id) {}
+    Attribute(zelk::COSInternedID name, zelk::COSDataTypePtr type, qxUniqueArray value) noexcept
+        : name(name), value(std::move(value)), type_(std::move(type)) {}
 
-    zelk::COSInternedID getID() const override;
+    zelk::COSDataTypePtr getDataType() const override;
+    qxUniqueArray getValue(const zelk::COSClient& client) const override;
     void addReference() const noexcept override { ++references_; }
-    void releaseReference() const noexcept override {
-        if (--references_ == 0) {
-            delete this;
-        }
-    }
+    void releaseReference() const noexcept override { --references_; }
+
+    std::size_t references() const noexcept { return references_; }
+
+    zelk::COSInternedID name;
+    qxUniqueArray value;  // null for one without a value
 
 private:
-    ~DataType() = default;
-
     mutable std::size_t references_ = 0;
-    zelk::COSInternedID id_;
+    zelk::COSDataTypePtr type_;
+};
+
+class ExtendedProperty final : public zelk::COSExtendedPropInfo {
+public:
+    bool hasCustomGetter() const override;
+    bool queryIsStored(bool& isStored) const override;
+
+    bool customGetter = false;
+    std::optional<bool> stored = true;  // unset: cannot be found out
 };
 
 class Property final : public Node, public zelk::COSPropInfo {
@@ -83,12 +102,29 @@ public:
     std::int32_t getSetAccess() const override;
     bool isListable() const override;
     zelk::COSDataTypePtr getDataType() const override;
+    zelk::COSAccessList getGetAccessList() const override;
+    zelk::COSAccessList getSetAccessList() const override;
+    std::int32_t getVisibility() const override;
+    bool isReadOnly() const override;
+    const zelk::COSExtendedPropInfo* getExtended() const override;
+    zelk::COSAttributePtr findAttribute(zelk::COSInternedID name) const override;
+
+    /// Handles to the property, to its type and to its attributes that somebody holds.
+    std::size_t handlesAlive() const noexcept;
+    /// The type, made when the property has none yet.
+    DataType& type();
 
     zelk::COSInternedID id;
     std::int32_t getCode = zelk::publicAccess;
     std::int32_t setCode = zelk::publicAccess;
+    std::vector<zelk::COSInternedID> getAccessList;
+    std::vector<zelk::COSInternedID> setAccessList;
+    std::int32_t visibility = zelk::shownVisibility;
     bool listable = true;
-    zelk::COSDataTypePtr dataType;
+    bool readOnly = false;
+    boost::intrusive_ptr<DataType> dataType;
+    std::optional<ExtendedProperty> extended;
+    mutable std::deque<Attribute> attributes;
 };
 
 class EnumerationMember final : public Node, public zelk::COSEnumInfo {

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "hosts/memory/id_iterator.h"
 #include "hosts/memory/intern_table.h"
 #include "hosts/memory/node_iterator.h"
 #include "hosts/memory/world_state.h"
@@ -36,10 +37,15 @@ World::World() : state_(std::make_unique<WorldState>()) {
 }
 
 World::~World() {
-    // Registered code may hold values; it is not what a leak report is about.
+    // Registered code and metadata may hold values; they are not what a leak report is about.
     state_->functions.clear();
     for (Class& cls : state_->classes) {
         cls.callableMethods.clear();
+        for (Property& property : cls.properties) {
+            for (Attribute& attribute : property.attributes) {
+                attribute.value.reset();
+            }
+        }
     }
     const std::size_t values = valuesAlive();
     const std::size_t handles = handlesAlive();
@@ -57,6 +63,10 @@ NamespaceBuilder World::ns(std::string_view name) { return NamespaceBuilder(stat
 
 void World::legacyName(std::string_view older, std::string_view fullName) {
     state_->classesByName[intern(older)] = &state_->classNamed(fullName);
+}
+
+void World::convertsToAny(std::string_view typeID, TextFunction conversion) {
+    state_->conversions.insert_or_assign({intern(typeID), intern("any")}, Conversion(std::move(conversion)));
 }
 
 void World::function(std::string_view name, ValueFunction body) {
@@ -94,7 +104,7 @@ FaultPlan& World::faults() noexcept { return state_->watch.faults; }
 void World::unwatched() noexcept { activeWatch = nullptr; }
 
 std::size_t World::handlesAlive() const noexcept {
-    std::size_t alive = NodeIterator::alive();
+    std::size_t alive = NodeIterator::alive() + IDIterator::alive();
     for (const Class& cls : state_->classes) {
         alive += cls.handlesAlive();
     }

@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "host/array_library.h"
-#include "host/class_system.h"
+#include "hosts/memory/builders.h"
 #include "hosts/memory/call_journal.h"
 #include "hosts/memory/export.h"
 #include "hosts/memory/fault_plan.h"
@@ -27,64 +27,7 @@ class FunctionScope;
 
 namespace memory_host {
 
-class Class;
-class Namespace;
 struct WorldState;
-enum class NodeKind : std::uint8_t;
-
-/// Adds to one class. `method`, `property`, `constant` and `enumerationMember` begin a member; the calls after
-/// them describe that member. A member is public and listable unless it is told otherwise.
-class CONTEXTDATA_MEMORY_HOST_API ClassBuilder {
-public:
-    explicit ClassBuilder(Class& cls) : class_(cls) {}
-
-    /// A superclass, made as needed.
-    ClassBuilder& derives(std::string_view superclass);
-    ClassBuilder& hidden();
-    /// A class object without a definition.
-    ClassBuilder& undefined();
-    ClassBuilder& hasDynamicProperties();
-
-    ClassBuilder& method(std::string_view name);
-    ClassBuilder& property(std::string_view name);
-    /// A property that nobody can assign.
-    ClassBuilder& constant(std::string_view name);
-    ClassBuilder& enumerationMember(std::string_view name);
-    /// A node in the enumeration that is no enumeration member.
-    ClassBuilder& foreignNodeInEnumeration();
-
-    ClassBuilder& isStatic(bool value = true);
-    ClassBuilder& access(std::int32_t code);     ///< of a method
-    ClassBuilder& getAccess(std::int32_t code);  ///< of a property
-    ClassBuilder& setAccess(std::int32_t code);  ///< of a property
-    ClassBuilder& unlistable();
-    ClassBuilder& dataType(std::string_view id);
-    ClassBuilder& hiddenMember();  ///< of an enumeration
-
-    /// Gives objects of the class a method that can be called; it may throw.
-    ClassBuilder& answers(std::string_view methodName, std::function<qxUniqueArray(const qxArray* object)> method);
-
-    zelk::COSClass* object() const noexcept;
-
-private:
-    Class& class_;
-    NodeKind member_{};  // the kind of the member that was begun last
-};
-
-/// Adds to one namespace.
-class CONTEXTDATA_MEMORY_HOST_API NamespaceBuilder {
-public:
-    explicit NamespaceBuilder(Namespace& space) : namespace_(space) {}
-
-    NamespaceBuilder& holdsClass(std::string_view fullName);
-    NamespaceBuilder& function(std::string_view name);
-    NamespaceBuilder& access(std::int32_t code);  ///< of the last function
-    NamespaceBuilder& unlistable();               ///< the last function
-    NamespaceBuilder& holdsNamespace(std::string_view fullName);
-
-private:
-    Namespace& namespace_;
-};
 
 class CONTEXTDATA_MEMORY_HOST_API World {
 public:
@@ -102,6 +45,8 @@ public:
     NamespaceBuilder ns(std::string_view name);
     /// An older form of a class's name.
     void legacyName(std::string_view older, std::string_view fullName);
+    /// A conversion from a data type to "any", which gets the raw text of a value; it may throw.
+    void convertsToAny(std::string_view typeID, std::function<std::string(const std::string& raw)> conversion);
 
     // Values. Each is owned by the caller; an element that is handed over is owned by what it went into.
 

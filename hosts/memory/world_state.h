@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "host/array_library.h"
@@ -38,6 +39,9 @@ struct WorldState {
     std::size_t classGeneration = 1;                                // changes with the graph of superclasses
     std::deque<Namespace> namespaces;
     std::unordered_map<zelk::COSInternedID, Namespace*> namespacesByName;
+
+    /// By source and target type.
+    std::map<std::pair<zelk::COSInternedID, zelk::COSInternedID>, Conversion> conversions;
 
     std::vector<qxArray*> temporaries;  // references handed out that the temporary scope would end
     std::map<std::string, ValueFunction, std::less<>> functions;

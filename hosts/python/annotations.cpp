@@ -5,9 +5,6 @@
 #include <string_view>
 
 #include "hosts/python/callables.h"
-#include "hosts/python/class_object.h"
-#include "hosts/python/class_registry.h"
-#include "hosts/python/counted.h"
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/instance_attributes.h"
 #include "hosts/python/keys.h"
@@ -18,18 +15,6 @@
 namespace python_host {
 
 namespace {
-
-class ClassDataType final : private Counted, public zelk::COSDataType {
-public:
-    explicit ClassDataType(zelk::COSInternedID id) noexcept : id_(id) {}
-
-    void addReference() const noexcept override { addOwner(); }
-    void releaseReference() const noexcept override { releaseOwner(); }
-    zelk::COSInternedID getID() const override { return id_; }
-
-private:
-    zelk::COSInternedID id_;
-};
 
 /// The word in front of the brackets, without the module it is taken from: "typing.Final[int]" gives "Final".
 std::string_view headOf(std::string_view annotation) {
@@ -83,13 +68,6 @@ bool isConstructorOnlyAnnotation(PyObject* annotation) {
     }
     PyObject* initVar = findInModule("dataclasses", keys().initVar);
     return initVar != nullptr && (annotation == initVar || asObject(Py_TYPE(annotation)) == initVar);
-}
-
-zelk::COSDataTypePtr dataTypeOf(PyObject* annotation) {
-    if (!PyType_Check(annotation)) {
-        return {};
-    }
-    return zelk::COSDataTypePtr(new ClassDataType(ClassRegistry::instance().objectOf(asType(annotation)).getID()));
 }
 
 }  // namespace python_host

@@ -1,9 +1,7 @@
-// What annotations say about attributes, read as data: nothing is evaluated.
+// What annotations say about attributes besides their type, read as data: nothing is evaluated.
 #pragma once
 
 #include <Python.h>
-
-#include "host/class_system.h"
 
 namespace python_host {
 
@@ -13,8 +11,5 @@ bool isFinalAnnotation(PyObject* annotation);
 
 /// Whether an annotation declares a parameter of the constructor that is no attribute (`InitVar[...]`).
 bool isConstructorOnlyAnnotation(PyObject* annotation);
-
-/// The class that an annotation names, as a data type; empty when it is no class.
-zelk::COSDataTypePtr dataTypeOf(PyObject* annotation);
 
 }  // namespace python_host

@@ -36,6 +36,16 @@ bool derivesFromNamed(PyObject* object, const char* className) {
 
 qxClassID qxGetClassID(const qxArray* value) { return value->classId(); }
 
+std::int32_t qxGetFullClassID(const qxArray* value) {
+    const qxClassID id = value->classId();
+    if (python_host::kindName(id) != nullptr || value->object() == nullptr) {
+        return static_cast<std::int32_t>(id);
+    }
+    // Asked of the object: it may have been given another class since the value was made.
+    const PendingErrorGuard pending;
+    return ClassRegistry::instance().objectOf(Py_TYPE(value->object())).number();
+}
+
 const char* qxGetClassName(const qxArray* value) {
     if (const char* name = python_host::kindName(value->classId())) {
         return name;

@@ -3,6 +3,10 @@
 #include <cstring>
 #include <string_view>
 
+#include "hosts/python/keys.h"
+#include "hosts/python/live_modules.h"
+#include "hosts/python/resolution_order.h"
+
 namespace python_host {
 
 namespace {
@@ -28,6 +32,11 @@ bool isLibraryFunctionType(std::string_view name) noexcept {
 bool isKnownFunction(PyObject* object) noexcept {
     const PyTypeObject* type = Py_TYPE(object);
     return isBuiltInFunctionType(type) || isLibraryFunctionType(type->tp_name);
+}
+
+bool isCachedProperty(PyObject* object) noexcept {
+    PyObject* cached = findInModule(keys().functools, keys().cachedProperty);
+    return cached != nullptr && PyType_Check(cached) && derivesFrom(Py_TYPE(object), asType(cached));
 }
 
 bool isNamedType(const PyTypeObject* type, const char* name) noexcept { return std::strcmp(type->tp_name, name) == 0; }

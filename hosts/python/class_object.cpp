@@ -4,9 +4,11 @@
 #include <vector>
 
 #include "hosts/python/class_registry.h"
+#include "hosts/python/declaration_keywords.h"
 #include "hosts/python/errors.h"
 #include "hosts/python/iterators.h"
 #include "hosts/python/keys.h"
+#include "hosts/python/python_text.h"
 #include "hosts/python/resolution_order.h"
 
 namespace python_host {
@@ -23,6 +25,15 @@ void visitAll(const Nodes& nodes, zelk::COSVisitor<zelk::COSInterface*>& visitor
     }
 }
 
+template <class Nodes>
+void visitDeclaredBy(const ClassObject& cls, const Nodes& nodes, zelk::COSVisitor<zelk::COSInterface*>& visitor) {
+    for (const auto& node : nodes) {
+        if (node.facts().declarer == &cls) {
+            visitor.visit(asInterface(node));
+        }
+    }
+}
+
 /// The registry outlives every guard, but an object that was retired may not outlive a handler of signals.
 class Alive {
 public:
@@ -35,7 +46,8 @@ private:
 
 }  // namespace
 
-ClassObject::ClassObject(Ref weakType, std::int32_t number) : weakType_(std::move(weakType)), number_(number) {}
+ClassObject::ClassObject(Ref weakType, std::int32_t number)
+    : weakType_(std::move(weakType)), unnamed_(*this), number_(number) {}
 
 MemberTable::Handle ClassObject::members() {
     PyTypeObject* live = type();
@@ -99,6 +111,22 @@ bool ClassObject::hasDynamicProperties() const {
     return hasDictionary || findInOrder(live, keys().getattr).value != nullptr;
 }
 
+zelk::COSIDIteratorPtr ClassObject::getSuperclasses() {
+    const PendingErrorGuard pending;
+    PyTypeObject* live = type();
+    // Naming a class may run a garbage collection, and with it code that gives this one other bases.
+    Ref bases = Ref::share(live == nullptr ? nullptr : live->tp_bases);
+    if (!bases) {
+        return {};
+    }
+    std::vector<zelk::COSInternedID> ids;
+    for (Py_ssize_t index = 0; index < PyTuple_GET_SIZE(bases.get()); ++index) {
+        PyTypeObject* base = asType(PyTuple_GET_ITEM(bases.get(), index));
+        ids.push_back(ClassRegistry::instance().objectOf(base).getID());
+    }
+    return IDIterator::over(std::move(ids), std::move(bases));
+}
+
 bool ClassObject::isSubclassOf(zelk::COSInternedID base) const {
     const PendingErrorGuard pending;
     PyTypeObject* live = type();
@@ -140,6 +168,22 @@ void ClassObject::visitProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor
     visitAll(table->properties(), visitor);
 }
 
+void ClassObject::visitDeclaredMethods(zelk::COSVisitor<zelk::COSInterface*>& visitor) {
+    const PendingErrorGuard pending;
+    const Alive alive(*this);
+    checkForInterrupt();
+    const MemberTable::Handle table = members();
+    visitDeclaredBy(*this, table->methods(), visitor);
+}
+
+void ClassObject::visitDeclaredProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor) {
+    const PendingErrorGuard pending;
+    const Alive alive(*this);
+    checkForInterrupt();
+    const MemberTable::Handle table = members();
+    visitDeclaredBy(*this, table->properties(), visitor);
+}
+
 zelk::COSIteratorPtr ClassObject::getEnumerationMembers() {
     const PendingErrorGuard pending;
     const MemberTable::Handle table = members();
@@ -149,6 +193,32 @@ zelk::COSIteratorPtr ClassObject::getEnumerationMembers() {
         nodes.emplace_back(asInterface(member));
     }
     return NodeIterator::over(std::move(nodes));
+}
+
+void ClassObject::getClassAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    names = keywordsFor(classKeywords, includeHidden);
+}
+
+void ClassObject::getPropertyAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    names = keywordsFor(propertyKeywords, includeHidden);
+}
+
+void ClassObject::getMethodAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    names = keywordsFor(methodKeywords, includeHidden);
+}
+
+void ClassObject::getEventAttributeNames(bool includeHidden, std::vector<std::string>& names) const {
+    names = keywordsFor(eventKeywords, includeHidden);
+}
+
+std::vector<std::string> ClassObject::keywordsFor(KeywordSource source, bool includeHidden) const {
+    const PendingErrorGuard pending;
+    const Ref live = Ref::share(type());
+    std::vector<std::string> keywords = live ? source(asType(live.get())) : std::vector<std::string>();
+    if (!includeHidden) {
+        std::erase_if(keywords, [](const std::string& keyword) { return startsWithUnderscore(keyword); });
+    }
+    return keywords;
 }
 
 }  // namespace python_host

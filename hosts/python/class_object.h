@@ -4,12 +4,15 @@
 #include <Python.h>
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "host/class_system.h"
 #include "hosts/python/counted.h"
 #include "hosts/python/member_table.h"
 #include "hosts/python/references.h"
 #include "hosts/python/type_names.h"
+#include "hosts/python/unnamed_class.h"
 
 /// There is nothing behind a class but the type itself; that it is alive is its definition.
 class zelk::COSClassDefinition {};
@@ -42,6 +45,15 @@ public:
     /// The name as it was when it was last asked for; empty before.
     zelk::COSInternedID lastID() const noexcept { return id_; }
 
+    /// The id alone, as lists of classes show it. Borrowed from this object; later calls may change what it holds.
+    zelk::COSAccessList idAsList() const {
+        getID();
+        return {&id_, 1};
+    }
+
+    /// The class without its name. Lives as long as this object.
+    zelk::COSClass& unnamed() noexcept { return unnamed_; }
+
     void dropMembers() noexcept { table_.reset(); }
     std::size_t keptMembers() const noexcept { return table_ ? table_->size() : 0; }
 
@@ -53,19 +65,32 @@ public:
     const char* getName() const override { return getID().c_str(); }
     bool isHidden() const override { return isUnderscored(); }
     bool hasDynamicProperties() const override;
+    /// No class keeps members from those who ask for all of them: hiding is a matter of each member's name.
+    bool withholdsOwnMembers() const override { return false; }
+    zelk::COSIDIteratorPtr getSuperclasses() override;
     /// A class derives from itself.
     bool isSubclassOf(zelk::COSInternedID base) const override;
     zelk::COSIteratorPtr findMethods(zelk::COSInternedID name) override;
     zelk::COSInterfacePtr findProperty(zelk::COSInternedID name) override;
     void visitMethods(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
     void visitProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
+    void visitDeclaredMethods(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
+    void visitDeclaredProperties(zelk::COSVisitor<zelk::COSInterface*>& visitor) override;
     zelk::COSIteratorPtr getEnumerationMembers() override;
+    void getClassAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
+    void getPropertyAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
+    void getMethodAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
+    void getEventAttributeNames(bool includeHidden, std::vector<std::string>& names) const override;
 
 private:
+    using KeywordSource = std::vector<std::string> (*)(PyTypeObject*);
+
+    std::vector<std::string> keywordsFor(KeywordSource source, bool includeHidden) const;
     void refreshName(PyTypeObject* type) const;
 
     Ref weakType_;
     zelk::COSClassDefinition definition_;
+    UnnamedClass unnamed_;
     MemberTable::Handle table_;
     std::uint64_t version_ = 0;
     mutable TypeName name_;

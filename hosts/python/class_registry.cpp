@@ -53,17 +53,30 @@ ClassObject& ClassRegistry::add(PyTypeObject* type, Ref weakType) {
     if (place) {
         retire(place);
     }
-    place = Handle(new ClassObject(std::move(weakType), takeNumber()));
+    const std::int32_t number = takeNumber();
+    place = Handle(new ClassObject(std::move(weakType), number));
+    numbered_[indexOf(number)] = place.get();
     return *place;
+}
+
+ClassObject* ClassRegistry::numbered(std::int32_t number) const noexcept {
+    const bool isGiven = number > lastBuiltInNumber && indexOf(number) < numbered_.size();
+    return isGiven ? numbered_[indexOf(number)] : nullptr;
 }
 
 std::int32_t ClassRegistry::takeNumber() {
     if (freeNumbers_.empty()) {
-        return ++lastNumber_;
+        numbered_.push_back(nullptr);
+        return lastBuiltInNumber + static_cast<std::int32_t>(numbered_.size());
     }
     const std::int32_t number = freeNumbers_.back();
     freeNumbers_.pop_back();
     return number;
+}
+
+void ClassRegistry::giveBackNumber(std::int32_t number) {
+    numbered_[indexOf(number)] = nullptr;
+    freeNumbers_.push_back(number);
 }
 
 void ClassRegistry::sweep() {
@@ -86,7 +99,7 @@ void ClassRegistry::retire(Handle cls) {
     cls->dropMembers();
     retired_.push_back(std::move(cls));
     if (retired_.size() > retiredLimit) {
-        freeNumbers_.push_back(retired_.front()->number());
+        giveBackNumber(retired_.front()->number());
         retired_.pop_front();
     }
 }

@@ -29,6 +29,9 @@ public:
     /// type has it.
     ClassObject* find(zelk::COSInternedID name);
 
+    /// The class of a number; null for a number that no class has. Its type may have died.
+    ClassObject* numbered(std::int32_t number) const noexcept;
+
     /// Gives a class, whose type is alive, the name that is due to it now.
     zelk::COSInternedID nameFor(const ClassObject& cls, const TypeName& name);
 
@@ -56,6 +59,13 @@ private:
     void sweep();
     void retire(Handle cls);
     std::int32_t takeNumber();
+    void giveBackNumber(std::int32_t number);
+    static std::size_t indexOf(std::int32_t number) noexcept {
+        return static_cast<std::size_t>(number - lastBuiltInNumber - 1);
+    }
+
+    /// Numbers up to this are those of built-in kinds of values.
+    static constexpr std::int32_t lastBuiltInNumber = 18;
 
     std::unordered_map<PyTypeObject*, Handle> objects_;
     std::unordered_map<zelk::COSInternedID, const ClassObject*> byName_;
@@ -65,7 +75,8 @@ private:
     std::unordered_map<const ClassObject*, zelk::COSInternedID> slotOf_;
     std::deque<Handle> retired_;
     std::vector<std::int32_t> freeNumbers_;
-    std::int32_t lastNumber_ = 18;  ///< numbers up to 18 are those of built-in kinds of values
+    /// By number, from the first that is not built in; null where the number is free.
+    std::vector<ClassObject*> numbered_;
     std::size_t sweepAt_ = 128;
     std::size_t keptMembers_ = 0;
     std::uint64_t lastVersion_ = 0;

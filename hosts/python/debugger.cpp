@@ -47,13 +47,20 @@ public:
     }
 };
 
+/// What the debugger itself keeps under a name.
+Ref heldByDebugger(PyObject* name) {
+    const Ref debugger = stoppedDebugger();
+    return Ref::share(debugger ? findItem(instanceDictionary(debugger.get()), name) : nullptr);
+}
+
 }  // namespace
 
 Ref focusedFrame() {
-    PyObject* debugger = stoppedDebugger().get();
-    PyObject* frame = debugger == nullptr ? nullptr : findItem(instanceDictionary(debugger), keys().curframe);
-    return Ref::share(frame != nullptr && PyFrame_Check(frame) ? frame : nullptr);
+    Ref frame = heldByDebugger(keys().curframe);
+    return frame && PyFrame_Check(frame.get()) ? frame : Ref();
 }
+
+Ref focusedVariables() { return heldByDebugger(keys().curframeLocals); }
 
 void setStoppedDebugger(PyObject* debugger) noexcept {
     const PendingErrorGuard pending;

@@ -11,4 +11,7 @@ namespace python_host {
 /// the frame's code are read: asking a frame for its variables would lose changes that are not written back yet.
 Ref focusedFrame();
 
+/// The variables of that frame as the debugger holds them, whatever kind of mapping that is; empty when there are none.
+Ref focusedVariables();
+
 }  // namespace python_host

@@ -8,6 +8,7 @@
 #include "hosts/python/debugger.h"
 #include "hosts/python/errors.h"
 #include "hosts/python/file_scopes.h"
+#include "hosts/python/object_system.h"
 #include "hosts/python/scopes.h"
 
 namespace python_host {
@@ -46,6 +47,8 @@ public:
         const PendingErrorGuard pending;
         return focused_.find();
     }
+
+    ObjectSystem& getObjectSystem() override { return objectSystem(); }
 
     std::vector<std::u16string> getDocumentedBuiltins() override {
         const PendingErrorGuard pending;

@@ -7,27 +7,44 @@ namespace python_host {
 
 /// Permanent: never released, so that they survive whatever order the interpreter is torn down in.
 struct Keys {
+    PyObject* abstractMeta;
     PyObject* annotations;
     PyObject* axes;
+    PyObject* cachedProperty;
     PyObject* curframe;
+    PyObject* curframeLocals;
     PyObject* dataclassFields;
+    PyObject* dataclassParams;
     PyObject* dir;
     PyObject* doc;
     PyObject* enumType;
+    PyObject* fieldKind;
+    PyObject* fields;
+    PyObject* fieldType;
     PyObject* file;
     PyObject* final;
-    PyObject* fields;
+    PyObject* frozen;
     PyObject* fset;
+    PyObject* func;
+    PyObject* functools;
     PyObject* getattr;
     PyObject* getattribute;
+    PyObject* hasTraits;
+    PyObject* initSubclass;
     PyObject* initVar;
     PyObject* manager;
     PyObject* memberMap;
+    PyObject* metadata;
     PyObject* module;
     PyObject* moduleName;
     PyObject* mro;
+    PyObject* ordinaryField;
     PyObject* origin;
+    PyObject* paramsType;
     PyObject* path;
+    PyObject* traitsModule;
+    PyObject* traitType;
+    PyObject* wrapped;
 };
 
 /// Without memory for them the interpreter cannot go on, and ends the process.

@@ -55,11 +55,6 @@ bool isKnownArrayGetter(PyTypeObject* type, std::string_view name) {
 /// A type that is compiled in cannot be derived under its own name, so the name and the flag tell it.
 bool isCompiledIn(const PyTypeObject* type) { return (type->tp_flags & Py_TPFLAGS_HEAPTYPE) == 0; }
 
-bool isKnownGetter(PyTypeObject* type, std::string_view name) {
-    return isKnownNumberGetter(type, name) || (isCompiledIn(type) && isKnownDateGetter(type, name)) ||
-           isKnownArrayGetter(type, name);
-}
-
 bool isOwnType(PyTypeObject* type, const char* fullName) {
     return ClassRegistry::instance().objectOf(type).getID().view() == fullName;
 }
@@ -98,6 +93,16 @@ Ref readEnumerationMember(PyObject* object, const RawAttribute& attribute, std::
 }
 
 }  // namespace
+
+bool isKnownGetter(PyTypeObject* type, std::string_view name) {
+    return isKnownNumberGetter(type, name) || (isCompiledIn(type) && isKnownDateGetter(type, name)) ||
+           isKnownArrayGetter(type, name);
+}
+
+bool isKnownItemGetter(PyObject* descriptor) noexcept {
+    const PyTypeObject* type = Py_TYPE(descriptor);
+    return isCompiledIn(type) && isNamedType(type, "_collections._tuplegetter");
+}
 
 Ref readKnownGetter(PyObject* object, const RawAttribute& attribute, PyObject* name) {
     const std::string text = lossyUtf8Of(name);

@@ -3,10 +3,18 @@
 
 #include <Python.h>
 
+#include <string_view>
+
 #include "hosts/python/references.h"
 #include "hosts/python/resolution_order.h"
 
 namespace python_host {
+
+/// Whether a getter in C of that name is on the list for objects of exactly that type.
+bool isKnownGetter(PyTypeObject* type, std::string_view name);
+
+/// Whether a descriptor gives an item of a tuple, as the fields of named tuples do.
+bool isKnownItemGetter(PyObject* descriptor) noexcept;
 
 /// Reads an attribute that a data descriptor gives, for the types and names of a fixed list: numbers, dates, arrays and
 /// their scalars, frames and series, members of enumerations. The object's type must be the library's own, as a derived

@@ -44,6 +44,11 @@ PyObject* findInModule(std::string_view module, PyObject* name) noexcept {
     return found == nullptr ? nullptr : findItem(PyModule_GetDict(found), name);
 }
 
+PyObject* findInModule(PyObject* module, PyObject* name) noexcept {
+    PyObject* found = findLoadedModule(module);
+    return found == nullptr ? nullptr : findItem(PyModule_GetDict(found), name);
+}
+
 std::string loadedName(PyObject* module) {
     PyObject* name = findItem(PyModule_GetDict(module), keys().moduleName);
     if (name != nullptr && PyUnicode_CheckExact(name) && findLoadedModule(name) == module) {

@@ -19,6 +19,7 @@ PyObject* findLoadedModule(PyObject* name) noexcept;
 
 /// A name in a loaded module's dictionary, borrowed; null when either is absent.
 PyObject* findInModule(std::string_view module, PyObject* name) noexcept;
+PyObject* findInModule(PyObject* module, PyObject* name) noexcept;
 
 /// The name under which a module is loaded; empty when it is not.
 std::string loadedName(PyObject* module);

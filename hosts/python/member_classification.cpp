@@ -2,9 +2,8 @@
 
 #include <structmember.h>
 
-#include <string_view>
-
 #include "hosts/python/callables.h"
+#include "hosts/python/compiled_members.h"
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/keys.h"
 #include "hosts/python/live_modules.h"
@@ -13,16 +12,6 @@
 namespace python_host {
 
 namespace {
-
-/// A C member of a built-in object, by the name under which its type publishes it. Borrowed; null when not set.
-PyObject* objectMember(PyTypeObject* type, PyObject* object, std::string_view name) {
-    for (const PyMemberDef* member = type->tp_members; member != nullptr && member->name != nullptr; ++member) {
-        if (name == member->name && (member->type == T_OBJECT || member->type == T_OBJECT_EX)) {
-            return *reinterpret_cast<PyObject**>(reinterpret_cast<char*>(object) + member->offset);
-        }
-    }
-    return nullptr;
-}
 
 bool isAbsent(PyObject* accessor) { return accessor == nullptr || accessor == Py_None; }
 

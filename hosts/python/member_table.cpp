@@ -10,6 +10,7 @@
 #include "hosts/python/interning.h"
 #include "hosts/python/keys.h"
 #include "hosts/python/live_modules.h"
+#include "hosts/python/member_access.h"
 #include "hosts/python/member_classification.h"
 #include "hosts/python/python_text.h"
 #include "hosts/python/references.h"
@@ -36,13 +37,6 @@ const typename Nodes::value_type* nodeAt(const Nodes& nodes, List list, std::uin
     return &nodes[found >> listBits];
 }
 
-std::int32_t accessOf(std::string_view name) {
-    if (!startsWithUnderscore(name) || isSpecialName(name)) {
-        return zelk::publicAccess;
-    }
-    return name.starts_with("__") && !name.ends_with("__") ? privateAccess : protectedAccess;
-}
-
 bool isCapitalised(std::string_view name) {
     const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
     const auto mayStand = [&](char c) { return isCapital(c) || c == '_' || (c >= '0' && c <= '9'); };
@@ -59,6 +53,14 @@ bool isMadeInPython(const PyTypeObject* type) { return (type->tp_flags & Py_TPFL
 
 bool isExactDict(PyObject* object) { return object != nullptr && PyDict_CheckExact(object); }
 
+/// The class in whose dictionary names are being read.
+struct Declarer {
+    explicit Declarer(ClassObject* declarer) : cls(declarer), access(declarer->getID().view()) {}
+
+    ClassObject* cls;
+    MemberAccess access;
+};
+
 }  // namespace
 
 class MemberTableBuilder {
@@ -70,7 +72,7 @@ public:
         table_->key_.takeTag(type_);
         addEnumerationMembers();
         for (std::size_t index = 0; index < table_->declarers_.size(); ++index) {
-            addClass(typeAt(index), table_->declarers_[index].get());
+            addClass(typeAt(index), Declarer(table_->declarers_[index].get()));
         }
         for (std::size_t index = table_->declarers_.size(); index-- > 0;) {
             addFields(typeAt(index), table_->declarers_[index].get());
@@ -104,7 +106,7 @@ private:
             return;
         }
         table_->key_.cover(members);
-        ClassObject* declarer = table_->declarers_.front().get();
+        const Declarer declarer(table_->declarers_.front().get());
         eachTextItem(members, [&](PyObject* key, PyObject* /*value*/) {
             addNode(key, declarer, [&](const MemberFacts& facts) {
                 table_->enumerationMembers_.emplace_back(table_.get(), facts);
@@ -113,7 +115,7 @@ private:
         });
     }
 
-    void addClass(PyTypeObject* type, ClassObject* declarer) {
+    void addClass(PyTypeObject* type, const Declarer& declarer) {
         table_->key_.cover(type->tp_dict);
         PyObject* found = isMadeInPython(type) ? findItem(type->tp_dict, keys().annotations) : nullptr;
         PyObject* annotations = isExactDict(found) ? found : nullptr;
@@ -126,14 +128,14 @@ private:
                 return;
             }
             addNode(key, declarer, [&](const MemberFacts& facts) {
-                return addProperty(facts, isFinalAnnotation(annotation) ? zelk::constantSetAccess : facts.access);
+                return addProperty(facts, isFinalAnnotation(annotation) ? constant : stored(facts));
             });
         });
     }
 
     /// The fields that a class declares besides its dictionary and annotations. A derived class repeats those of its
     /// bases, so bases come first.
-    void addFields(PyTypeObject* type, ClassObject* declarer) {
+    void addFields(PyTypeObject* type, ClassObject* cls) {
         if (!isMadeInPython(type)) {
             return;
         }
@@ -142,10 +144,11 @@ private:
             if (!isExactDict(fields)) {
                 continue;
             }
+            const Declarer declarer(cls);
             table_->key_.cover(fields);
             eachTextItem(fields, [&](PyObject* key, PyObject* /*field*/) {
                 if (!isConstructorOnly(key)) {
-                    addNode(key, declarer, [&](const MemberFacts& facts) { return addProperty(facts, facts.access); });
+                    addNode(key, declarer, [&](const MemberFacts& facts) { return addProperty(facts, stored(facts)); });
                 }
             });
         }
@@ -164,7 +167,7 @@ private:
 
     /// Adds what `add` makes of a name, unless an earlier class has the name already.
     template <class Add>
-    void addNode(PyObject* key, ClassObject* declarer, Add add) {
+    void addNode(PyObject* key, const Declarer& declarer, Add add) {
         const zelk::COSInternedID name = internKey(key);
         if (name.isEmpty()) {
             return;
@@ -175,26 +178,30 @@ private:
         }
         const std::string_view text = name.view();
         const bool listable = !isSpecialName(text) && isIdentifier(key);
-        const std::string_view className = declarer->getID().view();
-        const bool isNamedLikeDeclarer = text == className.substr(className.rfind('.') + 1);
-        *place = add(MemberFacts{name, declarer, accessOf(text), listable, isNamedLikeDeclarer});
+        const bool isNamedLikeDeclarer = text == declarer.access.shortName();
+        *place = add(MemberFacts{name, declarer.cls, declarer.access.of(text), listable, isNamedLikeDeclarer});
     }
 
     std::uint32_t addValue(const MemberFacts& facts, PyObject* key, PyObject* value, PyObject* annotations) {
-        switch (classify(value)) {
-            case MemberShape::method:
-                return addMethod(facts, false);
-            case MemberShape::staticMethod:
-                return addMethod(facts, true);
-            case MemberShape::property:
-                return addProperty(facts, facts.access);
-            case MemberShape::readOnlyProperty:
-                return addProperty(facts, std::max(facts.access, protectedAccess));
-            case MemberShape::plainValue:
-                break;
+        const MemberShape shape = classify(value);
+        if (shape == MemberShape::method || shape == MemberShape::staticMethod) {
+            return addMethod(facts, shape == MemberShape::staticMethod);
         }
-        return addProperty(facts, isConstant(facts, key, value, annotations) ? zelk::constantSetAccess : facts.access);
+        PropertyFacts property = stored(facts);
+        if (shape == MemberShape::plainValue && isConstant(facts, key, value, annotations)) {
+            property = constant;
+        } else if (shape == MemberShape::readOnlyProperty) {
+            property.setAccess = std::max(facts.access, protectedAccess);
+            property.isReadOnly = true;
+        }
+        property.form = formOf(value, type_, facts.name.view());
+        return addProperty(facts, property);
     }
+
+    static constexpr PropertyFacts constant{zelk::constantSetAccess, PropertyForm::stored, true};
+
+    /// A value that may be assigned by those who may read it.
+    static PropertyFacts stored(const MemberFacts& facts) { return {facts.access, PropertyForm::stored, false}; }
 
     static bool isConstant(const MemberFacts& facts, PyObject* key, PyObject* value, PyObject* annotations) {
         PyObject* annotation = findItem(annotations, key);
@@ -207,8 +214,8 @@ private:
         return place(List::methods, table_->methods_.size() - 1);
     }
 
-    std::uint32_t addProperty(const MemberFacts& facts, std::int32_t setAccess) {
-        table_->properties_.emplace_back(table_.get(), facts, setAccess);
+    std::uint32_t addProperty(const MemberFacts& facts, const PropertyFacts& propertyFacts) {
+        table_->properties_.emplace_back(table_.get(), facts, propertyFacts);
         return place(List::properties, table_->properties_.size() - 1);
     }
 

@@ -7,6 +7,7 @@
 #include "hosts/python/class_registry.h"
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/interning.h"
+#include "hosts/python/member_access.h"
 #include "hosts/python/python_text.h"
 #include "hosts/python/references.h"
 

@@ -1,13 +1,9 @@
 // The views of nodes, and what a member says about its class.
-#include "hosts/python/annotations.h"
 #include "hosts/python/class_object.h"
-#include "hosts/python/dictionaries.h"
+#include "hosts/python/declared_types.h"
 #include "hosts/python/errors.h"
-#include "hosts/python/interning.h"
-#include "hosts/python/keys.h"
 #include "hosts/python/namespace_object.h"
 #include "hosts/python/nodes.h"
-#include "hosts/python/references.h"
 
 namespace python_host {
 
@@ -24,27 +20,12 @@ Concrete* viewOf(zelk::COSInterface* node, NodeKind kind) noexcept {
     return static_cast<Concrete*>(nodeOf(node, kind));
 }
 
-PyObject* annotationOf(PyTypeObject* type, zelk::COSInternedID name) {
-    PyObject* annotations = findItem(type->tp_dict, keys().annotations);
-    PyObject* found = nullptr;
-    eachTextItem(annotations, [&](PyObject* key, PyObject* annotation) {
-        if (found == nullptr && internKey(key) == name) {
-            found = annotation;
-        }
-    });
-    return found;
-}
-
 }  // namespace
 
 zelk::COSDataTypePtr PropertyNode::getDataType() const {
     const PendingErrorGuard pending;
     PyTypeObject* type = facts().declarer == nullptr ? nullptr : facts().declarer->type();
-    if (type == nullptr) {
-        return {};
-    }
-    const Ref annotation = Ref::share(annotationOf(type, facts().name));
-    return annotation ? dataTypeOf(annotation.get()) : zelk::COSDataTypePtr();
+    return type == nullptr ? zelk::COSDataTypePtr() : declaredTypeOf(type, facts().name);
 }
 
 }  // namespace python_host
@@ -78,5 +59,6 @@ zelk::COSClass* zelk::cosiClassOfMember(COSInterface* member) {
         return nullptr;
     }
     const python_host::MemberFacts& facts = static_cast<const python_host::MemberNode*>(node)->facts();
-    return node->kind() == NodeKind::method && facts.isNamedLikeDeclarer ? nullptr : facts.declarer;
+    const bool isNamedLikeDeclarer = node->kind() == NodeKind::method && facts.isNamedLikeDeclarer;
+    return isNamedLikeDeclarer ? &facts.declarer->unnamed() : facts.declarer;
 }

@@ -8,14 +8,11 @@
 #include "host/class_system.h"
 #include "host/interned.h"
 #include "hosts/python/counted.h"
+#include "hosts/python/property_form.h"
 
 namespace python_host {
 
 class ClassObject;
-
-/// Access by the custom of the language.
-inline constexpr std::int32_t protectedAccess = 1;  ///< `_name`
-inline constexpr std::int32_t privateAccess = 2;    ///< `__name`
 
 enum class NodeKind : std::uint8_t { method, property, enumeration, cls, nameSpace };
 
@@ -52,7 +49,7 @@ struct MemberFacts {
     std::int32_t access = zelk::publicAccess;
     bool listable = true;
     /// A method of the name of its class is a constructor to those who know no language but their own. Here it is a
-    /// method like any other (`select.poll.poll`), which shows by its having no class to be the constructor of.
+    /// method like any other (`select.poll.poll`), which shows by its class keeping its name to itself.
     bool isNamedLikeDeclarer = false;
 };
 
@@ -61,11 +58,19 @@ public:
     const MemberFacts& facts() const noexcept { return facts_; }
 
 protected:
+    /// The declaring class for what it shares with those that derive from it; empty for any other code.
+    zelk::COSAccessList accessListFor(std::int32_t access) const;
+
+    /// What the author hides is hidden from everybody alike.
+    std::int32_t visibility() const noexcept { return facts_.listable ? zelk::shownVisibility : hiddenVisibility; }
+
     MemberNode(NodeKind kind, const Counted* keeper, const MemberFacts& facts) noexcept
         : Node(kind, keeper), facts_(facts) {}
     ~MemberNode() = default;
 
 private:
+    static constexpr std::int32_t hiddenVisibility = 0;
+
     MemberFacts facts_;
 };
 
@@ -78,25 +83,44 @@ public:
     bool isStatic() const override { return isStatic_; }
     bool isListable() const override { return facts().listable; }
     std::int32_t getAccess() const override { return facts().access; }
+    zelk::COSAccessList getAccessList() const override { return accessListFor(facts().access); }
+    std::int32_t getVisibility() const override { return visibility(); }
 
 private:
     bool isStatic_;
 };
 
+/// What is a property's own, as far as it belongs to the structure of its class.
+struct PropertyFacts {
+    std::int32_t setAccess = zelk::publicAccess;
+    PropertyForm form = PropertyForm::stored;
+    /// There is no way to assign it.
+    bool isReadOnly = false;
+};
+
 class PropertyNode final : public MemberNode, public zelk::COSPropInfo {
 public:
-    PropertyNode(const Counted* keeper, const MemberFacts& facts, std::int32_t setAccess) noexcept
-        : MemberNode(NodeKind::property, keeper, facts), setAccess_(setAccess) {}
+    PropertyNode(const Counted* keeper, const MemberFacts& facts, const PropertyFacts& propertyFacts) noexcept
+        : MemberNode(NodeKind::property, keeper, facts), propertyFacts_(propertyFacts) {}
 
     const char* getName() const override { return facts().name.c_str(); }
     std::int32_t getGetAccess() const override { return facts().access; }
-    std::int32_t getSetAccess() const override { return setAccess_; }
+    std::int32_t getSetAccess() const override { return propertyFacts_.setAccess; }
     bool isListable() const override { return facts().listable; }
     /// Read from the live annotation at each call.
     zelk::COSDataTypePtr getDataType() const override;
+    zelk::COSAccessList getGetAccessList() const override { return accessListFor(facts().access); }
+    /// What cannot be assigned is open to nobody.
+    zelk::COSAccessList getSetAccessList() const override;
+    std::int32_t getVisibility() const override { return visibility(); }
+    /// Whether a dataclass is frozen is read at each call.
+    bool isReadOnly() const override;
+    const zelk::COSExtendedPropInfo* getExtended() const override { return &extendedRecordOf(propertyFacts_.form); }
+    /// What is attached to a dataclass field or a trait, read at each call.
+    zelk::COSAttributePtr findAttribute(zelk::COSInternedID name) const override;
 
 private:
-    std::int32_t setAccess_;
+    PropertyFacts propertyFacts_;
 };
 
 class EnumNode final : public MemberNode, public zelk::COSEnumInfo {

@@ -86,6 +86,22 @@ std::vector<std::string> namesOf(PyObject* object) {
     return {own.names().begin(), own.names().end()};
 }
 
+std::vector<std::string> concealedNamesOf(PyObject* object) {
+    checkForInterrupt();
+    std::vector<std::string> names;
+    if (PyType_Check(object) || PyModule_Check(object)) {
+        return names;
+    }
+    std::string buffer;
+    eachTextItem(instanceDictionary(object), [&](PyObject* key, PyObject* /*value*/) {
+        const auto name = utf8Of(key, buffer);
+        if (name && startsWithUnderscore(*name) && !name->starts_with("__") && isIdentifier(key)) {
+            names.emplace_back(*name);
+        }
+    });
+    return names;
+}
+
 NameList fieldNamesOf(PyObject* object) {
     NameList names;
     if (classIdOfObject(object) != qxClassID::structure) {

@@ -45,8 +45,19 @@ CONTEXTDATA_PYTHON_HOST_API bool hasDirectoryHook(PyTypeObject* type);
 /// adds. Names of the class may be among them. Runs that hook, and no other code of the object's. Throws the interrupt.
 CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> namesOf(PyObject* object);
 
+/// The attributes of an object's own whose names begin with one underscore, as UTF-8: what custom keeps from everybody,
+/// and the private names as the compiler spells them (`_Class__name`). None for classes and modules. Runs no code of
+/// the object's. Throws the interrupt.
+CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> concealedNamesOf(PyObject* object);
+
 /// The debugger that holds the program (a `pdb.Pdb` that is in its interaction), or null when none does. The focus
 /// is read from it when asked, since it moves up and down the stack. Keeps a reference.
 CONTEXTDATA_PYTHON_HOST_API void setStoppedDebugger(PyObject* debugger) noexcept;
+
+/// The class whose method runs in the frame in the debugger's focus, a function within a method counting as the method;
+/// the class that declares the method, not the one of the object that it was called with. The empty handle when no
+/// debugger holds the program, and when the frame runs no method of a class that can be found. Runs none of the
+/// program's code, and leaves the frame's variables alone. May throw a host failure.
+CONTEXTDATA_PYTHON_HOST_API zelk::COSInternedID classInFocus();
 
 }  // namespace python_host

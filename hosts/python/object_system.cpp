@@ -1,0 +1,63 @@
+#include "hosts/python/object_system.h"
+
+#include <Python.h>
+
+#include "host/array_library.h"
+#include "hosts/python/class_registry.h"
+#include "hosts/python/errors.h"
+#include "hosts/python/interning.h"
+#include "hosts/python/resolution_order.h"
+#include "hosts/python/value_kinds.h"
+
+namespace python_host {
+
+namespace {
+
+constexpr std::int32_t noClass = 0;
+
+bool isKind(std::int32_t number) noexcept { return kindName(static_cast<qxClassID>(number)) != nullptr; }
+
+std::int32_t numberOfKind(const std::string& name) noexcept {
+    constexpr auto last = static_cast<std::int32_t>(qxClassID::functionHandle);
+    for (std::int32_t number = 1; number <= last; ++number) {
+        if (isKind(number) && name == kindName(static_cast<qxClassID>(number))) {
+            return number;
+        }
+    }
+    return noClass;
+}
+
+PyTypeObject* typeOf(std::int32_t number) {
+    const ClassObject* cls = ClassRegistry::instance().numbered(number);
+    return cls == nullptr ? nullptr : cls->type();
+}
+
+class LiveObjectSystem final : public ObjectSystem {
+public:
+    std::int32_t getClassNumber(const std::string& className) override {
+        if (const std::int32_t kind = numberOfKind(className); kind != noClass) {
+            return kind;
+        }
+        const PendingErrorGuard pending;
+        const ClassObject* cls = ClassRegistry::instance().find(internName(className));
+        return cls == nullptr ? noClass : cls->number();
+    }
+
+    bool isDerivedFrom(std::int32_t cls, std::int32_t base) override {
+        if (isKind(cls)) {
+            return cls == base;
+        }
+        PyTypeObject* type = typeOf(cls);
+        PyTypeObject* baseType = typeOf(base);
+        return type != nullptr && baseType != nullptr && derivesFrom(type, baseType);
+    }
+};
+
+}  // namespace
+
+ObjectSystem& objectSystem() {
+    static LiveObjectSystem system;
+    return system;
+}
+
+}  // namespace python_host
