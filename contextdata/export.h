@@ -2,3 +2,6 @@
 #pragma once
 
 #define CONTEXTDATA_API __attribute__((visibility("default")))
+
+/// Keeps a private member of a public class inside.
+#define CONTEXTDATA_INSIDE __attribute__((visibility("hidden")))

@@ -71,6 +71,10 @@ CONTEXTDATA_API bool hasMethod(const std::u16string& className, const std::strin
 CONTEXTDATA_API bool hasMethod(const qxArray* value, const std::string& methodName);
 CONTEXTDATA_API bool hasProperty(const qxArray* value, const std::string& propertyName);
 
+/// Whether no method name of a value may be completed after a dot: its class is, or derives from, one of a fixed list
+/// (`getNoDotMethodClassesExcludeSet`), which holds the class by which authors opt out. False for null. Not guarded.
+CONTEXTDATA_API bool isNoDotMethodClass(const qxArray* value);
+
 /// Calls a function of the interpreter with the value as its only argument and appends the texts of the cell that
 /// it returns.
 ///

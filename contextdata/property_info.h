@@ -27,6 +27,27 @@ struct CONTEXTDATA_API PropertyInfo {
     /// number. Anything else is a decimal number, blanks around it aside, and no larger than 32 bits hold although the
     /// result holds 64. One text that is neither empties the whole result. Throws `std::bad_alloc` only; any thread.
     static std::vector<std::uint64_t> castSizeStringToIntegers(const std::vector<std::u16string>& sizes);
+
+    /// By which way a value of `values` came to its text.
+    enum ValueKind : std::int32_t {
+        noValues = 0,
+        ownText = 1,        ///< every value was text already
+        convertedText = 2,  ///< at least one was converted to the type "any" first
+    };
+
+    std::u16string name;
+    /// The class that values must have: the one that the validation names, else the identifier of the data type. Empty
+    /// when none is declared.
+    std::u16string typeName;
+    /// The declared size, one text a dimension, as it was written: a number, ":" or a name. Empty when none is
+    /// declared.
+    std::vector<std::u16string> sizes;
+    std::vector<std::u16string> validators;  ///< the names of the checking functions, in their order
+    bool readFlag = false;                   ///< nobody can assign the property
+    bool hasCustomGetter = false;            ///< reading it runs code of its author, or may do so
+    bool extendedFlag = false;               ///< objects hold a value of it; true when that is not known
+    std::int32_t valueKind = noValues;
+    std::vector<std::u16string> values;  ///< the only admissible values; empty when others are admitted
 };
 
 }  // namespace ZELKContextData

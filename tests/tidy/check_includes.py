@@ -22,9 +22,9 @@ LAYERS = {
 LIBRARY = {
     "identity": [],
     "introspection": ["identity", "values"],
-    "values": ["identity", "introspection", "visitors", "workspace"],
-    "visitors": ["identity", "introspection", "values", "classinfo"],
-    "classinfo": ["identity", "introspection", "values", "visitors"],
+    "values": ["identity", "introspection", "workspace"],
+    "visitors": ["identity", "classinfo"],
+    "classinfo": ["identity", "introspection", "visitors"],
     "namelists": ["identity", "introspection", "values", "visitors", "classinfo"],
     "workspace": ["identity", "introspection", "values"],
 }
@@ -35,9 +35,13 @@ PUBLIC = {
     "resolved_class_id.h": "identity",
     "introspection.h": "introspection",
     "member_names.h": "introspection",
-    "exclusion_tables.h": "visitors",
+    "exclusion_tables.h": None,  # fixed names, which call nobody
+    "attribute_info.h": "classinfo",
+    "class_info.h": "classinfo",
     "method_info.h": "visitors",
+    "method_visitor.h": "visitors",
     "property_info.h": "visitors",
+    "property_visitor.h": "visitors",
     "class_member_names.h": "namelists",
     "values.h": "values",
     "workspace_methods.h": "values",

@@ -47,6 +47,19 @@ TEST_F(MethodInfoTest, OperatorOverloadsCountLetterCaseAndWholeNames) {
 TEST_F(MethodInfoTest, ConversionOfAnEightBitNameMayFail) {
     world.faults().failService(Service::toUstring, Fault::standardException);
     EXPECT_THROW(MethodInfo::isOperatorOverload(std::string("plus")), std::runtime_error);
+    world.faults().failService(Service::toUstring, Fault::interrupt);
+    EXPECT_THROW(MethodInfo::isOperatorOverload(std::string("plus")), foundation::core::except::InterruptException);
+}
+
+TEST_F(MethodInfoTest, OnlyTheConversionOfAnEightBitNameAsksTheHost) {
+    const zelk::COSInternedID cls = name("double");
+    world.journal().clear();
+    MethodInfo::isOperatorOverload(std::u16string(u"plus"));
+    MethodInfo::isClassToCompleteMethodsForBeforeDot(cls);
+    MethodInfo::isClassToCompleteMethodsForAfterDot(cls);
+    EXPECT_TRUE(world.journal().calls().empty());
+    MethodInfo::isOperatorOverload(std::string("plus"));
+    EXPECT_EQ(world.journal().calls().size(), 1U);
 }
 
 TEST_F(MethodInfoTest, BuiltInClassesAreNotCompletedBeforeADot) {
@@ -56,6 +69,7 @@ TEST_F(MethodInfoTest, BuiltInClassesAreNotCompletedBeforeADot) {
     }
     EXPECT_TRUE(MethodInfo::isClassToCompleteMethodsForBeforeDot(name("bank.Account")));
     EXPECT_TRUE(MethodInfo::isClassToCompleteMethodsForBeforeDot(name("Double")));
+    EXPECT_TRUE(MethodInfo::isClassToCompleteMethodsForBeforeDot(name("doubles")));
 }
 
 TEST_F(MethodInfoTest, TwoBuiltInClassesPassBecauseTheTableSpellsThemOtherwise) {

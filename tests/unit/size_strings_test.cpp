@@ -39,6 +39,8 @@ TEST(SizeStrings, BlanksAroundANumberAreTrimmed) {
 TEST(SizeStrings, BlanksAreTrimmedOfNumbersOnly) {
     EXPECT_THAT(cast({u" :"}), IsEmpty());
     EXPECT_THAT(cast({u" n"}), IsEmpty());
+    EXPECT_THAT(cast({u"n "}), IsEmpty());
+    EXPECT_THAT(cast({u"\u00A03"}), IsEmpty());  // a blank, but no ASCII one
     EXPECT_THAT(cast({u"1 2"}), IsEmpty());
 }
 
@@ -56,6 +58,8 @@ TEST(SizeStrings, OneBadTextEmptiesTheWholeResult) {
 TEST(SizeStrings, NameMustStartWithAnAsciiLetter) {
     EXPECT_THAT(cast({u"_a"}), IsEmpty());
     EXPECT_THAT(cast({u"2a"}), IsEmpty());
+    EXPECT_THAT(cast({u"a.b"}), IsEmpty());
+    EXPECT_THAT(cast({u"a-1"}), IsEmpty());
     EXPECT_THAT(cast({u"\u00E4b"}), IsEmpty());
     EXPECT_THAT(cast({u"a\u00E4"}), IsEmpty());
     EXPECT_THAT(cast({u"\uFF13"}), IsEmpty());  // a digit, but no ASCII one
@@ -66,6 +70,11 @@ TEST(SizeStrings, NumbersEndWithThirtyTwoBits) {
     EXPECT_THAT(cast({u"4294967296"}), IsEmpty());
     EXPECT_THAT(cast({u"99999999999999999999999"}), IsEmpty());
     EXPECT_THAT(cast({u"00000000000000000000000005"}), ElementsAre(5));
+}
+
+TEST(SizeStrings, EachTextHasItsNumberInItsPlace) {
+    EXPECT_THAT(cast({u"3", u":", u"3", u"z9", u"1"}), ElementsAre(3, any, 3, any, 1));
+    EXPECT_EQ(any, ~std::uint64_t{0});
 }
 
 TEST(SizeStrings, NothingGivesNothing) { EXPECT_THAT(cast({}), IsEmpty()); }
