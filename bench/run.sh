@@ -10,6 +10,8 @@ need_packages "${build_packages[@]}" "${session_packages[@]}" libgtest-dev libgm
 build_preset release
 
 say "instructions of the name lists, beside their floor"
-bench/instruction_ratios.py build/release/bench/name_lists_instructions --check
+bench/name_lists_instructions.py build/release/bench/name_lists_instructions --check
+say "instructions of the class model: a path of a tree, and members beside their floor"
+bench/class_model_instructions.py build/release/bench/class_model_instructions --check
 say "live completion, beside today's tools"
 PYTHONPATH=build/release/python bench/peers/peers.py --check
