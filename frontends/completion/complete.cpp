@@ -26,7 +26,7 @@ Completions complete(const Request& request, Workspace& workspace) {
         return completions;
     }
     const Subject subject = resolve(parsed.chain, request.file, workspace);
-    completions.items = onlyPrefixed(membersOf(subject), parsed.fragment);
+    completions.items = onlyPrefixed(membersOf(subject, request.asker), parsed.fragment);
     return completions;
 }
 

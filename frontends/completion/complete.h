@@ -18,6 +18,8 @@ struct Request {
     std::u16string_view text;  ///< borrowed for the call
     std::size_t cursor = 0;    ///< in UTF-16 units
     std::u16string file;       ///< the file that the text is from; empty at a prompt
+    /// The class in whose code the text stands; null for none. It is offered what only insiders may use as well.
+    ZELKContextData::ResolvedClassID asker = {};
 };
 
 struct Completions {

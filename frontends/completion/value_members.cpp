@@ -6,6 +6,7 @@
 #include "contextdata/introspection.h"
 #include "frontends/completion/ask.h"
 #include "frontends/completion/class_members.h"
+#include "frontends/completion/insider_members.h"
 #include "frontends/completion/namespace_members.h"
 #include "host/i18n.h"
 
@@ -41,6 +42,10 @@ Items membersOfObject(const qxArray* value) {
     const Items own = sortedOnce(ownMembers(value));
     const ResolvedClassID cls = classOf(value);
     return cls.isNull() ? membersWithoutClass(value) : merged(membersOfClass(cls, Side::object), own);
+}
+
+ResolvedClassID classBehind(const Subject& subject) {
+    return subject.nature == Subject::Nature::object ? classOf(subject.value.get()) : subject.cls;
 }
 
 }  // namespace
@@ -89,6 +94,15 @@ Items membersOf(const Subject& subject) {
             break;
     }
     return {};
+}
+
+Items membersOf(const Subject& subject, const ResolvedClassID& asker) {
+    Items offered = membersOf(subject);
+    if (asker.isNull()) {
+        return offered;
+    }
+    const ResolvedClassID cls = classBehind(subject);
+    return cls.isNull() ? offered : merged(offered, insiderMembersOf(cls, asker));
 }
 
 }  // namespace contextdata::completion

@@ -26,4 +26,8 @@ Items membersWithoutClass(const qxArray* value);
 /// All members of a subject; empty for `nothing`.
 Items membersOf(const Subject& subject);
 
+/// The same for the code of a class, null for nobody's, which is offered more (insider_members.h). What everybody is
+/// offered comes as everybody gets it.
+Items membersOf(const Subject& subject, const ZELKContextData::ResolvedClassID& asker);
+
 }  // namespace contextdata::completion

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view caseMark = "--- ";
 constexpr std::string_view answerMark = "=>";
+constexpr std::string_view insideKey = "inside: ";
 
 std::string valueAfter(const std::string& line, std::string_view key) {
     return line.starts_with(key) ? line.substr(key.size()) : std::string();
@@ -24,11 +25,16 @@ void readPreambleLine(File& file, const std::string& line) {
     if (const std::string source = valueAfter(line, "file: "); !source.empty()) {
         file.sourceFile = source;
     }
+    file.describes = file.describes || line == "asks: describe";
 }
 
 void readCaseLine(Case& current, const std::string& line) {
     if (!current.expected.empty() || line.starts_with(answerMark)) {
         current.expected += line.empty() ? "" : line + '\n';
+        return;
+    }
+    if (current.text.empty() && line.starts_with(insideKey)) {
+        current.inside = line.substr(insideKey.size());
         return;
     }
     current.text += current.text.empty() ? line : '\n' + line;
@@ -41,7 +47,7 @@ File read(const std::filesystem::path& path) {
     File file;
     for (std::string line; std::getline(in, line);) {
         if (line.starts_with(caseMark)) {
-            file.cases.push_back({line.substr(caseMark.size()), {}, {}});
+            file.cases.emplace_back().rule = line.substr(caseMark.size());
         } else if (file.cases.empty()) {
             readPreambleLine(file, line);
         } else {
@@ -59,7 +65,11 @@ void write(const std::filesystem::path& path, const File& file) {
     out << file.preamble;
     const char* gap = "";
     for (const Case& current : file.cases) {
-        out << gap << caseMark << current.rule << '\n' << current.text << '\n' << current.expected;
+        out << gap << caseMark << current.rule << '\n';
+        if (!current.inside.empty()) {
+            out << insideKey << current.inside << '\n';
+        }
+        out << current.text << '\n' << current.expected;
         gap = "\n";
     }
 }

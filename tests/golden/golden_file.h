@@ -12,7 +12,8 @@ inline constexpr std::u16string_view caret = u"‸";
 
 struct Case {
     std::string rule;
-    std::string text;      ///< with the caret in it
+    std::string inside;    ///< the class in whose code the text stands; empty for none
+    std::string text;      ///< with the caret in it, or a class's name
     std::string expected;  ///< from "=>" on; every line ended
 };
 
@@ -20,6 +21,7 @@ struct File {
     std::string preamble;  ///< all before the first case, as it stands
     std::string world;
     std::string sourceFile;  ///< empty when none is named
+    bool describes = false;  ///< the texts are names of classes that are to be described
     std::vector<Case> cases;
 };
 

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "contextdata/values.h"
+#include "tests/golden/access_worlds.h"
 
 namespace golden {
 
@@ -168,6 +169,10 @@ bool build(GoldenWorld& world, std::string_view name) {
         buildValues(world);
     } else if (name == "imports") {
         buildImports(world);
+    } else if (name == "vaults") {
+        buildVaults(world);
+    } else if (name == "shapes") {
+        buildShapes(world);
     } else {
         return false;
     }
