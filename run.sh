@@ -3,6 +3,7 @@
 #   ./run.sh                      in a terminal: a session with completion on; otherwise a short demonstration
 #   ./run.sh complete 'TEXT'      what may follow the text
 #   ./run.sh members NAME         what a class, module or object offers
+#   ./run.sh describe NAME|TEXT   all that is known about a class
 #   ./run.sh --help               all commands
 # The first run installs what is missing and builds; later runs answer at once.
 set -euo pipefail

@@ -1,10 +1,13 @@
 """The command line: every way in which it can end."""
 
+import contextlib
 import json
 import os
+import pty
 import signal
 import subprocess
 import sys
+import termios
 import time
 
 import pytest
@@ -148,15 +151,85 @@ def test_a_name_that_is_none(name):
     assert "no dotted name" in fails("members", name)
 
 
+def test_a_class_described_by_its_name():
+    lines = succeeds("describe", "decimal.Decimal").splitlines()
+    assert lines[0] == "decimal.Decimal" and "  defined in decimal" in lines
+    assert "static methods" in lines and "  from_float  public  decimal.Decimal" in lines
+    assert succeeds("describe", "email.mime.text.MIMEText").startswith("email.mime.text.MIMEText\n")
+    assert succeeds("describe", "int").startswith("builtins.int\n")
+    assert succeeds("describe", "math.pi").startswith("builtins.float\n")
+
+
+def test_a_class_described_after_statements():
+    assert succeeds("describe", "import decimal as d; d.Decimal").startswith("decimal.Decimal\n")
+    text = "class C:\n    mode: 'int' = 1\n    def __init__(self):\n        self.own = 1\n\nc = C()\nc"
+    answer = succeeds("describe", text)
+    assert answer.startswith("__main__.C\n") and "own attributes\n  own  public\n" in answer
+
+
+def test_a_description_as_json():
+    answer = json.loads(succeeds("describe", "complex", "--json"))
+    assert answer["name"] == "builtins.complex"
+    assert [each["name"] for each in answer["properties"]] == ["imag", "real"]
+    values = ["a" * 60, "b" * 60]
+    text = f"import typing\nclass C:\n    x: typing.Literal['{values[0]}', '{values[1]}']\n\nC"
+    answer = json.loads(succeeds("describe", text, "--json", "--width", "40"))
+    assert answer["properties"][0]["values"] == values
+
+
+def test_a_description_is_cut_to_a_width_only_when_there_is_one():
+    text = f"import typing\nclass C:\n    x: typing.Literal['{'a' * 60}', '{'b' * 60}']\n\nC"
+    assert "…" not in succeeds("describe", text)
+    narrow = succeeds("describe", text, "--width", "60")
+    assert "…" in narrow
+    assert max(map(len, narrow.splitlines())) <= 60
+
+
+def test_a_description_fits_the_terminal():
+    text = f"import typing\nclass C:\n    x: typing.Literal['{'a' * 60}', '{'b' * 60}']\n\nC"
+    parent, child = pty.openpty()
+    termios.tcsetwinsize(child, (24, 64))
+    process = subprocess.Popen([sys.executable, "-m", "contextdata", "describe", text], stdout=child)
+    os.close(child)
+    answer = b""
+    with contextlib.suppress(OSError), os.fdopen(parent, "rb", buffering=0) as terminal:
+        while chunk := terminal.read(4096):
+            answer += chunk
+    assert process.wait(timeout=60) == 0
+    lines = answer.decode().splitlines()
+    assert "__main__.C" in lines and max(map(len, lines)) <= 64
+
+
+@pytest.mark.parametrize("subject", ["", "f()", "1", "x y", "decimal.Decimal.", "import os; os.", "x = 1; x[0]"])
+def test_what_names_no_class_is_not_described(subject):
+    fails("describe", subject)
+
+
+def test_an_unknown_name_is_not_described():
+    assert "'nowhere'" in fails("describe", "nowhere.Thing")
+    assert "'Nothing'" in fails("describe", "decimal.Nothing")
+    assert "no_such_module" in fails("describe", "import no_such_module; no_such_module.C")
+    assert "'missing'" in fails("describe", "x = 1; x.missing")
+    assert "ZeroDivisionError" in fails("describe", "x = 1/0; x")
+
+
+def test_a_module_is_not_described():
+    assert "module" in fails("describe", "math")
+    assert "module" in fails("describe", "import math as m; m")
+
+
 def test_wrong_use():
     fails()
+    fails("describe")
+    for columns in ("0", "-1", "x", "1.5"):
+        fails("describe", "int", "--width", columns)
     fails("unknown")
     fails("complete")
     fails("members", "os", "extra")
 
 
 def test_help():
-    for arguments in (("--help",), ("complete", "--help"), ("members", "--help")):
+    for arguments in (("--help",), ("complete", "--help"), ("members", "--help"), ("describe", "--help")):
         text = succeeds(*arguments)
         assert text.startswith("usage: python3 -m contextdata")
     assert "exit status" in succeeds("--help")

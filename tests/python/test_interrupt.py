@@ -23,6 +23,10 @@ def test_an_interrupt_inside_a_hook_comes_out():
         names("x.", x=Interrupted())
     with pytest.raises(KeyboardInterrupt):
         contextdata.members(Interrupted())
+    with pytest.raises(KeyboardInterrupt):
+        contextdata.describe(Interrupted())
+    with pytest.raises(KeyboardInterrupt):
+        contextdata.complete("x.", namespace={"x": Interrupted()}, inside=Interrupted)
 
 
 def test_a_hook_that_hangs_can_be_interrupted():

@@ -79,6 +79,48 @@ def test_classes_that_come_and_go_leave_nothing_behind():
     assert resident_bytes() - before < 4_000_000
 
 
+def test_descriptions_and_insiders_answers_leave_nothing_behind():
+    def ask(times):
+        for _ in range(times):
+            contextdata.describe(thing)
+            contextdata.describe("numpy.ndarray", namespace=NAMESPACE)
+            contextdata.complete("thing.", namespace=NAMESPACE, inside=Thing)
+            contextdata.complete("thing.", namespace=NAMESPACE, inside=f"{__name__}.Thing")
+            for wrong in (lambda: contextdata.describe("nowhere"), lambda: contextdata.complete("x.", inside="x")):
+                with pytest.raises(ValueError):
+                    wrong()
+
+    thing = NAMESPACE["thing"]
+    ask(50)
+    gc.collect()
+    before = resident_bytes()
+    blocks_before = sys.getallocatedblocks()
+    references_before = sys.getrefcount(thing), sys.getrefcount(Thing), sys.getrefcount(NAMESPACE)
+    ask(1000)
+    gc.collect()
+    assert (sys.getrefcount(thing), sys.getrefcount(Thing), sys.getrefcount(NAMESPACE)) == references_before
+    assert sys.getallocatedblocks() - blocks_before < 500
+    assert resident_bytes() - before < 4_000_000
+
+
+def test_described_classes_that_come_and_go_leave_nothing_behind():
+    def come_and_go(times):
+        for index in range(times):
+            cls = type("Passing", (), {"member": 1, "_inner": 2, "__annotations__": {"member": int}})
+            contextdata.describe(cls())
+            contextdata.complete("x.", namespace={"x": cls()}, inside=cls)
+            if index % 500 == 0:
+                gc.collect()
+        gc.collect()
+
+    come_and_go(2000)
+    before = resident_bytes()
+    blocks_before = sys.getallocatedblocks()
+    come_and_go(4000)
+    assert sys.getallocatedblocks() - blocks_before < 2000
+    assert resident_bytes() - before < 4_000_000
+
+
 def test_refused_calls_leave_nothing_behind():
     def refuse(times):
         for _ in range(times):

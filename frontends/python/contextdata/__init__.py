@@ -1,18 +1,35 @@
 """Live completion and introspection for Python sessions.
 
-`complete` says which names may follow a text, `members` what a live object, class or module offers. Both read what
-is alive in the process and run none of its code: no property, no descriptor, no attribute hook.
+`complete` says which names may follow a text, `members` what a live object, class or module offers, `describe` all
+that is known about a class. They read what is alive in the process and run none of its code: no property, no
+descriptor, no attribute hook.
 
     >>> import contextdata
     >>> [name for name, kind, definer in contextdata.complete("text.cen", namespace={"text": ""})]
     ['center']
+    >>> contextdata.describe(complex).properties[0].name
+    'imag'
 """
 
 from collections.abc import Sequence as _Sequence
 
 from ._debugger import unwatch_debugger, watch_debugger
+from ._description import Attributes, Description, Member, Property, Superclass, describe
 from ._native import Completion, Completions, complete, members
 
 _Sequence.register(Completions)
 
-__all__ = ["Completion", "Completions", "complete", "members", "unwatch_debugger", "watch_debugger"]
+__all__ = [
+    "Attributes",
+    "Completion",
+    "Completions",
+    "Description",
+    "Member",
+    "Property",
+    "Superclass",
+    "complete",
+    "describe",
+    "members",
+    "unwatch_debugger",
+    "watch_debugger",
+]

@@ -4,13 +4,14 @@ import argparse
 import sys
 from typing import NoReturn
 
-_DESCRIPTION = "Lists the names that may follow a text or a live object, one a line: name, kind, declaring class."
+_DESCRIPTION = "Lists the names that may follow a text or a live object, one a line, and describes classes."
 _EPILOG = """exit status: 0 when the question was answered, also with no names; 2 when it could not be, with one line
 that says why; 130 when interrupted.
 
 examples:
   python3 -m contextdata complete 'import decimal; decimal.Dec'
   python3 -m contextdata members pathlib.Path --json
+  python3 -m contextdata describe 'import pandas as pd; pd.DataFrame'
 """
 
 
@@ -20,15 +21,23 @@ class _OneLineParser(argparse.ArgumentParser):
         raise SystemExit(2)
 
 
+def _columns(text: str) -> int:
+    columns = int(text) if text.isdecimal() else 0
+    if columns == 0:
+        raise argparse.ArgumentTypeError(f"'{text}' is no number of columns")
+    return columns
+
+
 def read_arguments(arguments: list[str]) -> argparse.Namespace:
-    """Reads the arguments: `command`, `json`, and `text` or `name`. Ends the program on --help and on mistakes."""
+    """Reads the arguments: `command`, `json`, and `text`, `name`, or `subject` and `width`. Ends the program on --help
+    and on mistakes."""
     parser = _OneLineParser(
         prog="python3 -m contextdata",
         description=_DESCRIPTION,
         epilog=_EPILOG,
         formatter_class=argparse.RawDescriptionHelpFormatter,
     )
-    commands = parser.add_subparsers(dest="command", required=True, metavar="{complete,members}")
+    commands = parser.add_subparsers(dest="command", required=True, metavar="{complete,members,describe}")
 
     complete = commands.add_parser(
         "complete",
@@ -45,6 +54,21 @@ def read_arguments(arguments: list[str]) -> argparse.Namespace:
     )
     members.add_argument("name", metavar="NAME", help="a dotted name, such as decimal.Decimal")
 
-    for command in (complete, members):
+    describe = commands.add_parser(
+        "describe",
+        help="all that is known about a class",
+        description="Describes a class, or an object by its class: where it is defined, what it derives from, its "
+        "members with their access, types and values.",
+    )
+    describe.add_argument(
+        "subject",
+        metavar="NAME|TEXT",
+        help="a dotted name, the modules of which are imported; or statements, which are RUN, and such a name",
+    )
+    describe.add_argument(
+        "--width", type=_columns, metavar="N", help="cut lines to N columns; else those of the terminal, if it is one"
+    )
+
+    for command in (complete, members, describe):
         command.add_argument("--json", action="store_true", help="print one JSON text instead of columns")
     return parser.parse_args(arguments)

@@ -9,7 +9,7 @@ import sys
 import types
 from collections.abc import Sequence
 
-from contextdata import Completion, complete
+from contextdata import Completion, complete, describe
 from contextdata._arguments import read_arguments
 from contextdata._native import explain
 from contextdata._statements import split_statements
@@ -27,8 +27,7 @@ def main(arguments: list[str]) -> int:
     options = read_arguments(arguments)
     try:
         answer = _take_standard_output()
-        text = _complete(options) if options.command == "complete" else _members(options)
-        answer.write(text)
+        answer.write(_ANSWERS[options.command](options, answer))
         answer.close()
     except CommandError as error:
         _say(str(error))
@@ -56,7 +55,7 @@ def _take_standard_output():
     return answer
 
 
-def _complete(options) -> str:
+def _complete(options, _) -> str:
     statements, _ = split_statements(options.text)
     namespace = _run(statements)
     found = complete(options.text, namespace=namespace)
@@ -79,7 +78,7 @@ def _run(statements: str) -> dict:
         code = compile(statements, "<text>", "exec", dont_inherit=True)
     except (SyntaxError, ValueError, MemoryError, RecursionError) as error:
         raise CommandError(
-            f"the statements before the text to complete are no valid Python ({_describe(error)}); "
+            f"the statements before the text asked about are no valid Python ({_describe(error)}); "
             "correct them or leave them out"
         ) from None
     try:
@@ -90,11 +89,11 @@ def _run(statements: str) -> dict:
         raise CommandError(f"an import failed ({_describe(error)}); install the module or correct its name") from None
     except SystemExit as error:
         raise CommandError(
-            f"the statements before the text to complete ended the program ({_describe(error)}); leave that out"
+            f"the statements before the text asked about ended the program ({_describe(error)}); leave that out"
         ) from None
     except BaseException as error:
         raise CommandError(
-            f"a statement before the text to complete failed ({_describe(error)}); correct it or leave it out"
+            f"a statement before the text asked about failed ({_describe(error)}); correct it or leave it out"
         ) from None
     return program.__dict__
 
@@ -115,13 +114,40 @@ def _refuse_if_unanswerable(text: str, namespace: dict) -> None:
     raise CommandError(_unreachable(chain, followed))
 
 
-def _members(options) -> str:
+def _members(options, _) -> str:
     parts = options.name.split(".")
-    if not all(part.isidentifier() for part in parts):
+    if not _is_dotted_name(options.name):
         raise CommandError(f"'{options.name}' is no dotted name; write one such as decimal.Decimal")
     namespace = _reach(parts)
     found = complete(options.name + ".", namespace=namespace)
     return _json(_records(found)) if options.json else _table(found)
+
+
+def _describe_class(options, answer) -> str:
+    if _is_dotted_name(options.subject):
+        subject, namespace = options.subject, _reach(options.subject.split("."))
+    else:
+        statements, subject = split_statements(options.subject)
+        namespace = _run(statements)
+    try:
+        description = describe(subject, namespace=namespace)
+    except ValueError as error:
+        raise CommandError(str(error)) from None
+    if options.json:
+        return _json(description.as_dict())
+    return description.table(options.width or _columns_of(answer))
+
+
+def _columns_of(answer) -> int | None:
+    """The width of the terminal that the answer goes to; None when it goes elsewhere."""
+    try:
+        return os.get_terminal_size(answer.fileno()).columns or None
+    except OSError:
+        return None
+
+
+def _is_dotted_name(text: str) -> bool:
+    return all(part.isidentifier() for part in text.split("."))
 
 
 def _reach(parts: list[str]) -> dict:
@@ -189,3 +215,6 @@ def _table(completions: Sequence[Completion]) -> str:
         for each in completions
     )
     return "".join(lines)
+
+
+_ANSWERS = {"complete": _complete, "members": _members, "describe": _describe_class}

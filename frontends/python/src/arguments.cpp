@@ -7,7 +7,8 @@ namespace contextdata::python {
 
 namespace {
 
-constexpr std::array<const char*, 3> parameterNames = {"text", "cursor", "namespace"};
+constexpr std::array<const char*, 4> parameterNames = {"text", "cursor", "namespace", "inside"};
+constexpr Py_ssize_t positionalCount = 3;
 using Values = std::array<PyObject*, parameterNames.size()>;
 
 [[noreturn]] void throwError() { throw pybind11::error_already_set(); }
@@ -24,8 +25,9 @@ std::size_t positionOf(PyObject* keyword) {
 
 Values bind(PyObject* const* values, Py_ssize_t count, PyObject* keywords) {
     Values bound = {};
-    if (count > static_cast<Py_ssize_t>(bound.size())) {
-        PyErr_Format(PyExc_TypeError, "complete() takes at most %zu arguments, not %zd", bound.size(), count);
+    if (count > positionalCount) {
+        PyErr_Format(PyExc_TypeError, "complete() takes at most %zd arguments without a keyword, not %zd",
+                     positionalCount, count);
         throwError();
     }
     for (Py_ssize_t index = 0; index < count; ++index) {
@@ -81,8 +83,12 @@ PyObject* variablesOfMain() {
     return PyModule_GetDict(main);
 }
 
+bool isLeftOut(PyObject* value) { return value == nullptr || value == Py_None; }
+
+}  // namespace
+
 PyObject* checkedVariables(PyObject* variables) {
-    if (variables == nullptr || variables == Py_None) {
+    if (isLeftOut(variables)) {
         return variablesOfMain();
     }
     if (!PyDict_CheckExact(variables)) {
@@ -94,14 +100,13 @@ PyObject* checkedVariables(PyObject* variables) {
     return variables;
 }
 
-}  // namespace
-
 CompleteArguments readCompleteArguments(PyObject* const* values, Py_ssize_t count, PyObject* keywords) {
-    const auto [text, cursor, variables] = bind(values, count, keywords);
+    const auto [text, cursor, variables, inside] = bind(values, count, keywords);
     CompleteArguments arguments;
     arguments.text = checkedText(text);
     arguments.cursor = checkedCursor(cursor, PyUnicode_GET_LENGTH(text));
     arguments.variables = checkedVariables(variables);
+    arguments.inside = isLeftOut(inside) ? nullptr : inside;
     return arguments;
 }
 

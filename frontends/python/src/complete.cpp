@@ -6,6 +6,7 @@
 #include "frontends/completion/parse.h"
 #include "frontends/completion/subject.h"
 #include "frontends/python/src/arguments.h"
+#include "frontends/python/src/asker.h"
 #include "frontends/python/src/errors.h"
 #include "frontends/python/src/live_members.h"
 #include "frontends/python/src/python_text.h"
@@ -25,24 +26,27 @@ using Chain = std::span<const std::u16string_view>;
 /// A prompt is no file: names mean what they mean in the session.
 const std::u16string noFile;
 
-pybind11::object membersOfChain(Chain chain, std::u16string_view prefix, Variables& variables) {
+pybind11::object membersOfChain(Chain chain, std::u16string_view prefix, Variables& variables, const Asker& asker) {
     qxSharedArray root = variables.find(std::u16string(chain.front()));
     if (!root) {
-        return membersOfNamed(completion::named(chain, noFile), prefix);
+        return membersOfNamed(completion::named(chain, noFile), prefix, asker);
     }
     const qxSharedArray value = completion::follow(std::move(root), chain.subspan(1));
-    return value ? membersOfValue(value, prefix) : pybind11::tuple();
+    return value ? membersOfValue(value, prefix, asker) : pybind11::tuple();
 }
 
 pybind11::object completeText(const CompleteArguments& arguments) {
+    // Before anything else: a mistake is to be told whatever the text is.
+    const Asker named = arguments.inside == nullptr ? Asker() : askerNamed(arguments.inside);
     const std::u16string text = utf16Of(arguments.text, arguments.cursor);
     const ParsedText parsed = completion::parse(text, text.size());
     const Py_ssize_t start = codePointBefore(arguments.text, arguments.cursor, parsed.end - parsed.start);
     if (parsed.refusal != Refusal::none) {
         return completionsOf(start, arguments.cursor, pybind11::tuple());
     }
+    const Asker asker = arguments.inside == nullptr ? askerInFocus() : named;
     Variables variables(arguments.variables);
-    return completionsOf(start, arguments.cursor, membersOfChain(parsed.chain, parsed.fragment, variables));
+    return completionsOf(start, arguments.cursor, membersOfChain(parsed.chain, parsed.fragment, variables, asker));
 }
 
 /// How many names of a chain, from its first, lead somewhere.
@@ -68,7 +72,7 @@ PyObject* complete(PyObject* /*module*/, PyObject* const* values, Py_ssize_t cou
 PyObject* members(PyObject* /*module*/, PyObject* object) noexcept {
     return guarded([&]() -> pybind11::object {
         const qxSharedArray value = makeSharedPtr(python_host::wrap(object).release());
-        return pybind11::list(membersOfValue(value, {}));
+        return pybind11::list(membersOfValue(value, {}, {}));
     });
 }
 

@@ -1,6 +1,7 @@
 #include "frontends/python/src/live_members.h"
 
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -8,6 +9,7 @@
 
 #include "frontends/completion/class_members.h"
 #include "frontends/completion/value_members.h"
+#include "frontends/python/src/insider_items.h"
 #include "frontends/python/src/listing_cache.h"
 #include "frontends/python/src/module_members.h"
 #include "frontends/python/src/own_names.h"
@@ -22,6 +24,10 @@ using completion::Subject;
 using ZELKContextData::ResolvedClassID;
 
 namespace {
+
+ResolvedClassID idOf(PyTypeObject* type) {
+    return ResolvedClassID::fromKnownResolvedClassID(python_host::classIdOf(type));
+}
 
 std::optional<std::uint64_t> versionOfClass(PyTypeObject* type) {
     const auto stamp = python_host::stampOf(type);
@@ -54,8 +60,8 @@ ListingPtr listingOf(const void* subject, Listed listed, VersionOf versionOf, Li
 }
 
 ListingPtr newListingOfClass(PyTypeObject* type, Side side) {
-    const auto id = ResolvedClassID::fromKnownResolvedClassID(python_host::classIdOf(type));
-    return std::make_shared<const Listing>(membersOfClass(id, side), python_host::hasDirectoryHook(type));
+    return std::make_shared<const Listing>(completion::membersOfClass(idOf(type), side),
+                                           python_host::hasDirectoryHook(type));
 }
 
 ListingPtr listingOfClass(PyTypeObject* type, Side side) {
@@ -70,41 +76,52 @@ ListingPtr listingOfModule(const qxSharedArray& value, PyObject* module) {
         [&value, module] { return std::make_shared<const Listing>(membersOfModule(value, module)); });
 }
 
-/// What an object adds to its class, sorted.
-Items beyond(const Listing& ofClass, std::vector<Item> own) {
-    std::erase_if(own, [&](const Item& item) { return ofClass.contains(item.name); });
-    return sortedOnce(std::move(own));
+/// A listing with what it is lacking of more items, which are in any order.
+pybind11::object tupleOfBoth(const Listing& listing, std::vector<Item> more, std::u16string_view prefix) {
+    std::erase_if(more, [&](const Item& item) { return listing.contains(item.name); });
+    return more.empty() ? listing.tupleOf(prefix) : listing.tupleWith(sortedOnce(std::move(more)), prefix);
 }
 
-pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, std::u16string_view prefix) {
+pybind11::object membersOfClass(PyTypeObject* type, std::u16string_view prefix, const Asker& asker) {
+    const ListingPtr listing = listingOfClass(type, Side::classItself);
+    return asker.cls.isNull() ? listing->tupleOf(prefix)
+                              : tupleOfBoth(*listing, insiderItems(idOf(type), nullptr, asker), prefix);
+}
+
+pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, std::u16string_view prefix,
+                                 const Asker& asker) {
     ListingPtr ofClass = listingOfClass(Py_TYPE(object), Side::object);
     std::vector<Item> own = ownNames(value, object);
     if (ofClass->objectsAreAsked()) {
         // The hook is code of the class's author: what it did to the class is to be seen.
         ofClass = listingOfClass(Py_TYPE(object), Side::object);
     }
-    const Items more = beyond(*ofClass, std::move(own));
-    return more.empty() ? ofClass->tupleOf(prefix) : ofClass->tupleWith(more, prefix);
+    if (!asker.cls.isNull()) {
+        Items insiders = insiderItems(idOf(Py_TYPE(object)), object, asker);
+        own.insert(own.end(), std::make_move_iterator(insiders.begin()), std::make_move_iterator(insiders.end()));
+    }
+    return tupleOfBoth(*ofClass, std::move(own), prefix);
 }
 
 }  // namespace
 
-pybind11::object membersOfNamed(const Subject& subject, std::u16string_view prefix) {
-    return Listing(withoutPrivateModules(membersOf(subject))).tupleOf(prefix);
+pybind11::object membersOfNamed(const Subject& subject, std::u16string_view prefix, const Asker& asker) {
+    const Items offered = withoutPrivateModules(membersOf(subject));
+    return Listing(merged(offered, insiderItems(subject.cls, nullptr, asker))).tupleOf(prefix);
 }
 
-pybind11::object membersOfValue(const qxSharedArray& value, std::u16string_view prefix) {
+pybind11::object membersOfValue(const qxSharedArray& value, std::u16string_view prefix, const Asker& asker) {
     PyObject* object = python_host::unwrap(value.get());
     if (object == nullptr) {
-        return membersOfNamed(completion::describe(value), prefix);
+        return membersOfNamed(completion::describe(value), prefix, asker);
     }
     if (PyType_Check(object)) {
-        return listingOfClass(reinterpret_cast<PyTypeObject*>(object), Side::classItself)->tupleOf(prefix);
+        return membersOfClass(reinterpret_cast<PyTypeObject*>(object), prefix, asker);
     }
     if (PyModule_Check(object)) {
         return listingOfModule(value, object)->tupleOf(prefix);
     }
-    return membersOfObject(value, object, prefix);
+    return membersOfObject(value, object, prefix, asker);
 }
 
 }  // namespace contextdata::python

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "frontends/python/src/complete.h"
+#include "frontends/python/src/describe.h"
 #include "frontends/python/src/listing_cache.h"
 #include "frontends/python/src/results.h"
 #include "host/exceptions.h"
@@ -14,14 +15,18 @@ namespace contextdata::python {
 namespace {
 
 constexpr const char* completeDocumentation =
-    "complete(text, cursor=None, namespace=None)\n--\n\n"
+    "complete(text, cursor=None, namespace=None, *, inside=None)\n--\n\n"
     "Says which names may follow the text up to the cursor.\n\n"
     "The text is read, never run: neither are the properties, descriptors and hooks of the objects it\n"
     "names; only an object's own __dir__ is asked, when its class has one.\n\n"
     "text: a str, from the start of a cell or line.\n"
     "cursor: a position in code points; the end of the text when left out.\n"
     "namespace: the plain dict of the names that the text can use, before the built-in ones; that of\n"
-    "__main__ when left out.\n\n"
+    "__main__ when left out.\n"
+    "inside: the class in whose code the text stands, or its name, \"module.Class\". It is offered its private\n"
+    "names as well, as they are typed there (__name), and what it and its superclasses keep to themselves\n"
+    "(_name). When left out while a watched pdb is stopped in a method, the method's class; private names are\n"
+    "then spelled as they are stored, which is what pdb understands.\n\n"
     "The answer is a Completions, which is empty when nothing may follow: in strings and comments, after\n"
     "what would have to be evaluated first, and where there is no dot.";
 
@@ -52,6 +57,8 @@ PYBIND11_MODULE(_native, module) {
     });
     module.def("explain", &explain, pybind11::arg("text"), pybind11::arg("namespace"),
                "Says why a text offers nothing: (reason, names of the chain, how many of them could be followed).");
+    module.def("describe", &describe, pybind11::arg("subject"), pybind11::arg("namespace"), pybind11::arg("hidden"),
+               "Describes a class or an object: (module, file, description, own attributes).");
     module.def(
         "set_stopped_debugger",
         [](const pybind11::object& debugger) {
