@@ -25,6 +25,11 @@ public:
     /// front; what is spelled with the name of another class is not this class's secret, but internal all the same.
     std::int32_t of(std::string_view name) const noexcept;
 
+    /// A name as the author wrote it: a private one without what the compiler put in front.
+    std::string_view asWritten(std::string_view name) const noexcept {
+        return isMangled(name) ? name.substr(mangling_.size()) : name;
+    }
+
 private:
     bool isMangled(std::string_view name) const noexcept;
 

@@ -120,7 +120,9 @@ private:
         PyObject* found = isMadeInPython(type) ? findItem(type->tp_dict, keys().annotations) : nullptr;
         PyObject* annotations = isExactDict(found) ? found : nullptr;
         eachTextItem(type->tp_dict, [&](PyObject* key, PyObject* value) {
-            addNode(key, declarer, [&](const MemberFacts& facts) { return addValue(facts, key, value, annotations); });
+            addNode(key, declarer, [&](const MemberFacts& facts) {
+                return addValue(facts, declarer.access, key, value, annotations);
+            });
         });
         table_->key_.cover(annotations);
         eachTextItem(annotations, [&](PyObject* key, PyObject* annotation) {
@@ -182,13 +184,15 @@ private:
         *place = add(MemberFacts{name, declarer.cls, declarer.access.of(text), listable, isNamedLikeDeclarer});
     }
 
-    std::uint32_t addValue(const MemberFacts& facts, PyObject* key, PyObject* value, PyObject* annotations) {
+    std::uint32_t addValue(const MemberFacts& facts, const MemberAccess& access, PyObject* key, PyObject* value,
+                           PyObject* annotations) {
         const MemberShape shape = classify(value);
         if (shape == MemberShape::method || shape == MemberShape::staticMethod) {
             return addMethod(facts, shape == MemberShape::staticMethod);
         }
         PropertyFacts property = stored(facts);
-        if (shape == MemberShape::plainValue && isConstant(facts, key, value, annotations)) {
+        if (shape == MemberShape::plainValue &&
+            isConstant(access.asWritten(facts.name.view()), key, value, annotations)) {
             property = constant;
         } else if (shape == MemberShape::readOnlyProperty) {
             property.setAccess = std::max(facts.access, protectedAccess);
@@ -203,10 +207,10 @@ private:
     /// A value that may be assigned by those who may read it.
     static PropertyFacts stored(const MemberFacts& facts) { return {facts.access, PropertyForm::stored, false}; }
 
-    static bool isConstant(const MemberFacts& facts, PyObject* key, PyObject* value, PyObject* annotations) {
+    static bool isConstant(std::string_view name, PyObject* key, PyObject* value, PyObject* annotations) {
         PyObject* annotation = findItem(annotations, key);
         return (annotation != nullptr && isFinalAnnotation(annotation)) ||
-               (isImmutableValue(value) && isCapitalised(facts.name.view()));
+               (isImmutableValue(value) && isCapitalised(name));
     }
 
     std::uint32_t addMethod(const MemberFacts& facts, bool isStatic) {

@@ -96,7 +96,8 @@ TEST_F(MemberAccess, WhatCannotBeAssignedIsOpenForAssignmentToNobody) {
     run("class A:\n"
         " @property\n def r(self): pass\n"
         " @property\n def _r(self): pass\n"
-        " _LIMIT = 3");
+        " _LIMIT = 3\n"
+        " __KEY = 7");
     EXPECT_EQ(property("__main__.A", "r")->getSetAccess(), 1);
     EXPECT_THAT(property("__main__.A", "r")->getSetAccessList(), IsEmpty());
     EXPECT_EQ(property("__main__.A", "_r")->getSetAccess(), 1);
@@ -104,6 +105,7 @@ TEST_F(MemberAccess, WhatCannotBeAssignedIsOpenForAssignmentToNobody) {
     EXPECT_THAT(namesOf(property("__main__.A", "_r")->getGetAccessList()), ElementsAre("__main__.A"));
     EXPECT_EQ(property("__main__.A", "_LIMIT")->getSetAccess(), zelk::constantSetAccess);
     EXPECT_THAT(property("__main__.A", "_LIMIT")->getSetAccessList(), IsEmpty());
+    EXPECT_EQ(property("__main__.A", "_A__KEY")->getSetAccess(), zelk::constantSetAccess);
 }
 
 TEST_F(MemberAccess, TheListFollowsTheNameOfTheClass) {
