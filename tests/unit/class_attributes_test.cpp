@@ -166,7 +166,7 @@ TEST_F(ClassAttributes, FailureAtAnyDepthEmptiesTheWholeAnswer) {
     std::vector<Service> services = attributeServices;
     services.push_back(Service::getClass);
     for (const Service service : services) {
-        for (const std::size_t level : {1, 2, 3}) {
+        for (const std::size_t level : {1U, 2U, 3U}) {
             for (const Fault fault : failuresButInterrupt) {
                 world.faults().failService(service, level, fault);
                 SCOPED_TRACE(testing::Message() << nameOf(service) << " of level " << level << ": " << fault);
@@ -222,7 +222,7 @@ TEST_F(ClassAttributes, FailureBelowADerivedClassEmptiesTheWholeAnswerToo) {
     OpenClassInfo leaf(id("Leaf"), u"Leaf");
     leaf.structure_.superclasses.push_back(middle);
     EXPECT_THAT(leaf.getAttributes(false).ofClasses, ElementsAre(u"Added", u"LeafClass", u"MiddleClass", u"TopClass"));
-    for (const std::size_t level : {1, 2, 3}) {
+    for (const std::size_t level : {1U, 2U, 3U}) {
         world.faults().failService(Service::classGetMethodAttributeNames, level, Fault::standardException);
         expectEmpty(leaf.getAttributes(false));
         world.faults().failService(Service::classGetMethodAttributeNames, level, Fault::interrupt);

@@ -170,7 +170,7 @@ TEST_F(PropertyCollection, FailingSuperclassContributesNothingAndTheRestStands) 
 TEST_F(PropertyCollection, InterruptPassesFromEveryLevel) {
     makeDiamond();
     const ClassInfo leaf = infoOf("Leaf");
-    for (const std::size_t level : {1, 2, 3, 4, 5}) {
+    for (const std::size_t level : {1U, 2U, 3U, 4U, 5U}) {
         world.faults().failService(Service::classVisitProperties, level, Fault::interrupt);
         EXPECT_THROW(propertiesOf(leaf), InterruptException) << level;
     }

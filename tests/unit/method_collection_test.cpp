@@ -312,7 +312,7 @@ TEST_F(MethodCollection, OwnFailureEmptiesTheAnswerAndNobodyElseIsAsked) {
 TEST_F(MethodCollection, InterruptPassesFromEveryLevel) {
     makeDiamond();
     const ClassInfo leaf = infoOf("Leaf");
-    for (const std::size_t level : {1, 2, 3, 4, 5}) {
+    for (const std::size_t level : {1U, 2U, 3U, 4U, 5U}) {
         world.faults().failService(Service::classVisitMethods, level, Fault::interrupt);
         EXPECT_THROW(methodsOf(leaf), InterruptException) << level;
     }
