@@ -7,7 +7,7 @@ cd "$(dirname "$(readlink -f "$0")")"
 source scripts/setup.sh
 
 need_packages "${build_packages[@]}" "${session_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev \
-  python3-pytest python3-pydantic python3-traitlets binutils git
+  python3-pytest python3-pydantic python3-traitlets python3-jpype openjdk-17-jre-headless binutils git
 [ "${1:-}" = quick ] || need_packages clang clang-format clang-tidy libclang-rt-14-dev
 
 build_preset dev
@@ -23,6 +23,7 @@ if [ "${1:-}" != quick ]; then
   build_preset tidy
 
   say "benchmarks"
-  build_preset release name_lists_benchmark name_lists_instructions class_model_benchmark class_model_instructions
+  build_preset release name_lists_benchmark name_lists_instructions class_model_benchmark class_model_instructions \
+    workspace_instructions
 fi
 say "all passed"

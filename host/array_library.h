@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "host/visibility.h"
 
@@ -86,6 +87,21 @@ CONTEXTDATA_HOST_API const std::size_t* qxGetDimensions(const qxArray* value);
 /// never set. `index` is below the element count.
 CONTEXTDATA_HOST_API const qxArray* qxGetCell(const qxArray* cell, std::size_t index);
 
+/// The value of a field in one element of a structure or older object, shared with it; empty when there is no such
+/// field and when it was never set. `index` is below the element count.
+CONTEXTDATA_HOST_API qxSharedArray qxGetField(const qxArray* value, std::size_t index, const char* name);
+
+/// The fields of a structure: how many, and the name of each, ASCII, borrowed until the structure is destroyed. Zero
+/// for a value that has none.
+CONTEXTDATA_HOST_API std::size_t qxGetNumberOfFields(const qxArray* value);
+CONTEXTDATA_HOST_API const char* qxGetFieldNameByNumber(const qxArray* value, std::size_t number);
+
+/// Whether a value has exactly one element.
+CONTEXTDATA_HOST_API bool qxIsScalar(const qxArray* value);
+
+/// Whether a value is a logical scalar that is true.
+CONTEXTDATA_HOST_API bool qxIsLogicalScalarTrue(const qxArray* value);
+
 /// The elements of a double array in storage order, borrowed until the value is destroyed.
 CONTEXTDATA_HOST_API const double* qxGetDoubles(const qxArray* value);
 
@@ -98,3 +114,27 @@ CONTEXTDATA_HOST_API qxArray* qxGetPropertyShared(const qxArray* object, std::si
 
 /// Moves a value to another scope. The caller's ownership is unchanged, also when it throws.
 CONTEXTDATA_HOST_API void qxSetArrayScope(qxArray* value, qxArrayScope scope);
+
+/// A copy of a property's value in one element of an object; null when the object gives nothing. `name` is
+/// zero-terminated. May throw any host failure or the interrupt.
+CONTEXTDATA_HOST_API qxUniqueArray qxGetProperty(const qxArray* object, std::size_t index, const char* name);
+
+/// A text as a host value. May throw any host failure.
+CONTEXTDATA_HOST_API qxUniqueArray qxCreateString(std::u16string_view text);
+
+/// A cell of unset elements; null when the host cannot make one.
+CONTEXTDATA_HOST_API qxUniqueArray qxCreateCell(std::size_t rows, std::size_t columns);
+
+/// Sets an element of a cell, which owns it from then on; null unsets it. `index` is below the element count. When it
+/// throws, the element is gone and the cell is as it was.
+CONTEXTDATA_HOST_API void qxSetCell(qxArray* cell, std::size_t index, qxUniqueArray element);
+
+/// A value through which the static members of a class of any object system can be looked up; null when the host can
+/// make none. `className` is ASCII.
+CONTEXTDATA_HOST_API qxUniqueArray qxCreateClassArray(const char* className);
+
+/// The static member of a value's class, by its name; null when the class has none.
+CONTEXTDATA_HOST_API qxUniqueArray qxFindClassMember(const qxArray* value, const char* memberName);
+
+/// How many of the first characters of a text form a valid variable name; 0 when the text begins with none.
+CONTEXTDATA_HOST_API std::size_t qxCountNameCharacters(std::string_view text) noexcept;

@@ -1,10 +1,11 @@
-// The dispatcher: function scopes, the object system and the list of documented built-in functions. Interpreter thread
-// only.
+// The dispatcher: function scopes, folders, the object system and the list of documented built-in functions.
+// Interpreter thread only.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "host/file_system.h"
 #include "host/object_system.h"
 #include "host/visibility.h"
 
@@ -21,6 +22,10 @@ public:
 
     /// The scope of the function that runs now; null at the prompt.
     virtual FunctionScope* GetCurrentlyExecutingFunctionScope() = 0;
+
+    /// The working folder and the search path; the host keeps them for the life of the process.
+    virtual const ICurrentFolder& GetCurrentWorkingFolder() = 0;
+    virtual const ISearchPath& GetCurrentPath() = 0;
 
     /// The object system; the host keeps it for the life of the process.
     virtual ObjectSystem& getObjectSystem() = 0;

@@ -44,10 +44,21 @@ private:
     bool refuse_;
 };
 
+/// Narrows to the host's 8-bit encoding; `refuse` as above.
+class codecvt_ustring_to_string {
+public:
+    explicit constexpr codecvt_ustring_to_string(bool refuse) noexcept : refuse_(refuse) {}
+    constexpr bool refuses() const noexcept { return refuse_; }
+
+private:
+    bool refuse_;
+};
+
 /// UTF-16 to the host's 8-bit encoding, by the default conversion. Invalid text (a lone surrogate) may be
 /// substituted or refused with `ConversionException`.
 CONTEXTDATA_HOST_API std::string to_string(std::u16string_view text);
 CONTEXTDATA_HOST_API std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& converter);
+CONTEXTDATA_HOST_API std::string to_string(std::u16string_view text, const codecvt_ustring_to_string& converter);
 
 /// The host's 8-bit encoding to UTF-16.
 CONTEXTDATA_HOST_API std::u16string to_ustring(std::string_view text);

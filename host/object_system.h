@@ -13,6 +13,10 @@ public:
     /// Whether the first class is the second or derives from it. False when either is no class.
     virtual bool isDerivedFrom(std::int32_t cls, std::int32_t base) = 0;
 
+    /// Whether methods of the first class run when values of both meet in one operation. False when the host cannot
+    /// tell, and for a class and itself.
+    virtual bool hasPrecedenceOver(std::int32_t cls, std::int32_t other) = 0;
+
 protected:
     ~ObjectSystem() = default;
 };

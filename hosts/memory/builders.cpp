@@ -225,7 +225,7 @@ NamespaceBuilder& NamespaceBuilder::holdsClass(std::string_view fullName) {
 }
 
 NamespaceBuilder& NamespaceBuilder::function(std::string_view name) {
-    namespace_.functions.emplace_back(nullptr, intern(name));
+    namespace_.functionNodes.push_back(&namespace_.functions.emplace_back(nullptr, intern(name)));
     return *this;
 }
 
@@ -236,6 +236,21 @@ NamespaceBuilder& NamespaceBuilder::access(std::int32_t code) {
 
 NamespaceBuilder& NamespaceBuilder::unlistable() {
     namespace_.functions.back().listable = false;
+    return *this;
+}
+
+NamespaceBuilder& NamespaceBuilder::foreignNodes() {
+    Node* stranger = &namespace_.strangers.emplace_back(nullptr, intern("stranger"));
+    namespace_.classes.push_back(stranger);
+    namespace_.functionNodes.push_back(stranger);
+    namespace_.namespaces.push_back(stranger);
+    return *this;
+}
+
+NamespaceBuilder& NamespaceBuilder::fillsListsWhenRead() {
+    namespace_.classesFilled = false;
+    namespace_.functionsFilled = false;
+    namespace_.namespacesFilled = false;
     return *this;
 }
 

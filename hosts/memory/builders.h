@@ -94,6 +94,10 @@ public:
     NamespaceBuilder& access(std::int32_t code);  ///< of the last function
     NamespaceBuilder& unlistable();               ///< the last function
     NamespaceBuilder& holdsNamespace(std::string_view fullName);
+    /// A node in each of its lists that is neither class nor function nor namespace.
+    NamespaceBuilder& foreignNodes();
+    /// Its lists are empty until somebody reads the properties that show them.
+    NamespaceBuilder& fillsListsWhenRead();
 
 private:
     Namespace& namespace_;

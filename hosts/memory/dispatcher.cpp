@@ -31,6 +31,16 @@ public:
         return none ? nullptr : currentWorld().executing;
     }
 
+    const ICurrentFolder& GetCurrentWorkingFolder() override {
+        enter(Service::getCurrentWorkingFolder);
+        return currentWorld().workingFolder;
+    }
+
+    const ISearchPath& GetCurrentPath() override {
+        enter(Service::getCurrentPath);
+        return currentWorld().searchPath;
+    }
+
     ObjectSystem& getObjectSystem() override {
         enter(Service::getObjectSystem);
         return objectSystem_;

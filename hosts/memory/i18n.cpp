@@ -4,7 +4,17 @@
 #include <algorithm>
 #include <boost/locale/encoding_utf.hpp>
 
+#include "hosts/memory/encoding.h"
 #include "hosts/memory/watch.h"
+
+std::optional<std::string> memory_host::utf8Of(std::u16string_view text) {
+    using boost::locale::conv::utf_to_utf;
+    try {
+        return utf_to_utf<char>(text.data(), text.data() + text.size(), boost::locale::conv::stop);
+    } catch (const boost::locale::conv::conversion_error&) {
+        return std::nullopt;
+    }
+}
 
 namespace fl::i18n {
 
@@ -38,11 +48,11 @@ std::u16string widened(std::string_view ascii) {
 
 std::string to_string(std::u16string_view text) {
     enter(Service::toString);
-    try {
-        return utf_to_utf<char>(text.data(), text.data() + text.size(), stop);
-    } catch (const conversion_error&) {
+    std::optional<std::string> narrow = memory_host::utf8Of(text);
+    if (!narrow) {
         throw ConversionException();
     }
+    return *std::move(narrow);
 }
 
 std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& converter) {
@@ -56,6 +66,16 @@ std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& 
         narrow.push_back(unit > lastAscii ? '?' : static_cast<char>(unit));
     }
     return narrow;
+}
+
+std::string to_string(std::u16string_view text, const codecvt_ustring_to_string& converter) {
+    enter(Service::toString);
+    const auto manner = converter.refuses() ? stop : boost::locale::conv::skip;
+    try {
+        return utf_to_utf<char>(text.data(), text.data() + text.size(), manner);
+    } catch (const conversion_error&) {
+        throw ConversionException();
+    }
 }
 
 std::u16string to_ustring(std::string_view text) {

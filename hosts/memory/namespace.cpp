@@ -1,5 +1,7 @@
 #include "hosts/memory/namespace.h"
 
+#include <utility>
+
 #include "hosts/memory/node_iterator.h"
 #include "hosts/memory/watch.h"
 
@@ -11,29 +13,38 @@ const char* Namespace::getName() const {
 }
 
 zelk::COSIteratorPtr Namespace::getClasses() {
-    return entersToNull(Service::namespaceGetClasses, id) ? nullptr : NodeIterator::over(classes);
+    return entersToNull(Service::namespaceGetClasses, id) || !classesFilled ? nullptr : NodeIterator::over(classes);
 }
 
 zelk::COSIteratorPtr Namespace::getFunctions() {
-    if (entersToNull(Service::namespaceGetFunctions, id)) {
-        return nullptr;
-    }
-    std::vector<Node*> nodes;
-    nodes.reserve(functions.size());
-    for (Method& function : functions) {
-        nodes.push_back(&function);
-    }
-    return NodeIterator::over(std::move(nodes));
+    const bool none = entersToNull(Service::namespaceGetFunctions, id) || !functionsFilled;
+    return none ? nullptr : NodeIterator::over(functionNodes);
 }
 
 zelk::COSIteratorPtr Namespace::getNamespaces() {
-    return entersToNull(Service::namespaceGetNamespaces, id) ? nullptr : NodeIterator::over(namespaces);
+    const bool none = entersToNull(Service::namespaceGetNamespaces, id) || !namespacesFilled;
+    return none ? nullptr : NodeIterator::over(namespaces);
+}
+
+bool Namespace::fillList(std::string_view property) {
+    const std::pair<std::string_view, bool*> lists[] = {
+        {"ClassList", &classesFilled}, {"FunctionList", &functionsFilled}, {"PackageList", &namespacesFilled}};
+    for (const auto& [name, filled] : lists) {
+        if (name == property) {
+            *filled = true;
+            return true;
+        }
+    }
+    return false;
 }
 
 std::size_t Namespace::handlesAlive() const noexcept {
     std::size_t alive = references();
     for (const Method& function : functions) {
         alive += function.references();
+    }
+    for (const EnumerationMember& stranger : strangers) {
+        alive += stranger.references();
     }
     return alive;
 }

@@ -59,4 +59,13 @@ bool MemoryObjectSystem::isDerivedFrom(std::int32_t cls, std::int32_t base) {
                        [baseNumber](const Class* each) { return each->number == baseNumber; });
 }
 
+bool MemoryObjectSystem::hasPrecedenceOver(std::int32_t cls, std::int32_t other) {
+    enter(Service::objectSystemHasPrecedenceOver);
+    const auto& precedences = currentWorld().precedences;
+    return std::any_of(precedences.begin(), precedences.end(), [&](const auto& pair) {
+        return static_cast<std::int32_t>(numberOf(pair.first)) == cls &&
+               static_cast<std::int32_t>(numberOf(pair.second)) == other;
+    });
+}
+
 }  // namespace memory_host

@@ -1,6 +1,8 @@
 // The gate through which every service call passes: the journal hears of it and the fault plan may fail it.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <string_view>
 
 #include "host/interned.h"
@@ -11,8 +13,17 @@ namespace memory_host {
 
 /// What looks on while a world is watched.
 struct Watch {
+    /// The journal hears of the call, and whoever waits for it.
+    void hear(Service service, std::string_view argument) {
+        journal.record(service, argument);
+        if (const auto waiting = observers.find(service); waiting != observers.end()) {
+            waiting->second();
+        }
+    }
+
     CallJournal journal;
     FaultPlan faults;
+    std::map<Service, std::function<void()>> observers;
 };
 
 /// The watch of the world that stands; null when there is none or when it is unwatched.
@@ -29,7 +40,7 @@ bool entersToNull(Service service, Argument argument = {}) {
     if (activeWatch == nullptr) [[likely]] {
         return false;
     }
-    activeWatch->journal.record(service, argumentOf(argument));
+    activeWatch->hear(service, argumentOf(argument));
     return activeWatch->faults.answersNull(service);
 }
 
@@ -37,6 +48,13 @@ bool entersToNull(Service service, Argument argument = {}) {
 template <class Argument = std::string_view>
 void enter(Service service, Argument argument = {}) {
     entersToNull(service, argument);
+}
+
+/// The same for services that never fail: the journal hears of the call, the fault plan does not.
+inline void note(Service service, std::string_view argument = {}) noexcept {
+    if (activeWatch != nullptr) {
+        activeWatch->hear(service, argument);
+    }
 }
 
 }  // namespace memory_host

@@ -8,6 +8,8 @@
 // it builds goes with it, save interned names. Building calls no service. One thread at a time.
 #pragma once
 
+#include <boost/weak_ptr.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -18,6 +20,9 @@
 #include <vector>
 
 #include "host/array_library.h"
+#include "host/error_mode.h"
+#include "host/evaluation.h"
+#include "host/streams.h"
 #include "hosts/memory/builders.h"
 #include "hosts/memory/call_journal.h"
 #include "hosts/memory/export.h"
@@ -28,6 +33,17 @@ class FunctionScope;
 namespace memory_host {
 
 struct WorldState;
+
+/// What the interpreter was asked to evaluate, and how.
+struct Evaluation {
+    std::u16string expression;
+    int outputCount;
+    bool flag;
+    inEvaluationSource source;
+};
+
+/// Evaluates in place of the host's own evaluator; may throw.
+using Evaluator = std::function<inExecutionStatus(const Evaluation& asked, qxArray** outputs)>;
 
 class CONTEXTDATA_MEMORY_HOST_API World {
 public:
@@ -62,16 +78,28 @@ public:
     qxUniqueArray cellOf(std::vector<qxUniqueArray> elements);
     /// A row cell of char rows.
     qxUniqueArray cell(std::initializer_list<std::u16string_view> texts);
-    qxUniqueArray structure();
+    /// A structure without fields.
+    qxUniqueArray structure(std::vector<std::size_t> dimensions = {1, 1});
     qxUniqueArray functionHandle();
     qxUniqueArray object(std::string_view className, std::vector<std::size_t> dimensions = {1, 1});
     qxUniqueArray opaque(std::string_view className);
     qxUniqueArray olderObject(std::string_view className);
     /// A value of any class id, for questions about ids alone.
     qxUniqueArray valueOf(qxClassID id);
+    /// An object of the class system that bears an id of another kind, as foreign values may.
+    qxUniqueArray objectOfID(qxClassID id, std::string_view className);
 
     /// Gives an object (any element of it) a property's value.
     void setProperty(const qxUniqueArray& object, std::string_view name, qxUniqueArray value);
+    /// Gives one element of it a property's value.
+    void setProperty(const qxUniqueArray& object, std::size_t index, std::string_view name, qxUniqueArray value);
+
+    /// Gives one element of a structure, or of an object of the older object system, a field's value; the field is
+    /// added to all elements when it is new.
+    void setField(const qxUniqueArray& structure, std::string_view name, qxUniqueArray value, std::size_t index = 0);
+
+    /// Changes the shape of a value that others hold already, as code that runs meanwhile might.
+    void reshape(qxArray* value, std::vector<std::size_t> dimensions);
 
     /// Ends the temporary scope: values read from properties and never taken out of it are gone.
     void endTemporaryScope();
@@ -80,7 +108,28 @@ public:
 
     /// A function that can be called by name with one value; it may throw, and may answer null.
     void function(std::string_view name, std::function<qxUniqueArray(const qxArray* argument)> body);
+    /// A function, built before, that reports an error after it has written its result.
+    void functionFails(std::string_view name);
+    /// Neither a debugger to ask nor anything that evaluates.
     void noInterpreter();
+    /// Has something else than the host's own language evaluate.
+    void evaluatedBy(Evaluator evaluator);
+    /// All that was evaluated, in order.
+    const std::vector<Evaluation>& evaluations() const noexcept;
+    /// A variable of the current workspace.
+    void variable(std::string_view name, qxUniqueArray value);
+    /// What the program prints, for functions that do so.
+    void print(std::u16string_view text);
+    void printError(std::u16string_view text);
+    /// What reached the person at the prompt.
+    const std::u16string& shown() const noexcept;
+    const std::u16string& shownErrors() const noexcept;
+    /// How many sinks lie on the two streams together.
+    std::size_t diversions() const noexcept;
+    /// The sinks that were pushed on either stream, in order; those that are gone have expired.
+    const std::vector<boost::weak_ptr<OutputSink>>& sinks() const noexcept;
+    qxErrorMode errorMode() const noexcept;
+    void errorMode(qxErrorMode mode) noexcept;
     void debuggerStoppedAt(std::u16string_view file, std::int32_t position1 = 0, std::int32_t position2 = 0);
     void debuggerRuns();
 
@@ -91,6 +140,21 @@ public:
     void imports(FunctionScope* scope, std::string_view name, std::string_view fullName);
     void executing(FunctionScope* scope);
     void documentedBuiltins(std::vector<std::u16string> names);
+    /// What a function declares about its arguments, in a scope or, with null, everywhere.
+    void functionMetadata(std::string_view name, FunctionScope* scope, qxUniqueArray first, qxUniqueArray second);
+    /// Methods of the first class run when values of both meet.
+    void precedes(std::string_view cls, std::string_view other);
+
+    // Folders: real ones, by their paths in the file system of the machine.
+
+    void workingFolder(std::u16string path);
+    /// One more entry at the end of the search path.
+    void searchPathEntry(std::u16string path, std::int32_t kind = 0);
+
+    // Other object systems.
+
+    /// A static member of a Java class; `memberClass` is the class of what a look-up of it finds.
+    void javaMember(std::string_view className, std::string_view memberName, std::string_view memberClass = "java");
 
     /// The feature switch, off at first.
     void contextResolution(bool on);
@@ -99,7 +163,10 @@ public:
 
     CallJournal& journal() noexcept;
     FaultPlan& faults() noexcept;
-    /// Stops journal and faults, so that services cost what they cost.
+    /// Calls `observer` whenever the service is called, before it does anything, so that a test can look at the world,
+    /// or change it, in the midst of things. It must not throw.
+    void whenCalled(Service service, std::function<void()> observer);
+    /// Stops journal, faults and observers, so that services cost what they cost.
     void unwatched() noexcept;
     std::size_t valuesAlive() const noexcept;
     /// Handles to nodes and iterators that are held at this moment.

@@ -5,17 +5,22 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "host/array_library.h"
+#include "host/error_mode.h"
 #include "host/interpreter.h"
 #include "hosts/memory/class.h"
+#include "hosts/memory/folders.h"
 #include "hosts/memory/function_scope.h"
 #include "hosts/memory/namespace.h"
+#include "hosts/memory/streams.h"
 #include "hosts/memory/watch.h"
+#include "hosts/memory/world.h"
 
 namespace memory_host {
 
@@ -24,6 +29,14 @@ struct DebuggerState {
     std::u16string file;
     std::int32_t position1 = 0;
     std::int32_t position2 = 0;
+};
+
+/// What a function declares about its arguments, where it does so; a null scope stands for everywhere.
+struct FunctionMetadata {
+    std::string name;
+    FunctionScope* scope;
+    qxUniqueArray first;
+    qxUniqueArray second;
 };
 
 struct WorldState {
@@ -45,6 +58,15 @@ struct WorldState {
 
     std::vector<qxArray*> temporaries;  // references handed out that the temporary scope would end
     std::map<std::string, ValueFunction, std::less<>> functions;
+    std::set<std::string, std::less<>> failingFunctions;
+    Evaluator evaluator;  // empty: the host's own language
+    std::vector<Evaluation> evaluations;
+
+    std::map<std::string, qxUniqueArray, std::less<>> variables;
+    std::vector<boost::weak_ptr<OutputSink>> sinks;
+    MemoryStream standardOutput{"output", sinks};
+    MemoryStream standardError{"error", sinks};
+    qxErrorMode errorMode{};
 
     bool hasInterpreter = true;
     DebuggerState debugger;
@@ -52,6 +74,14 @@ struct WorldState {
     FunctionScope* executing = nullptr;
     std::vector<std::u16string> documentedBuiltins;
     bool contextResolution = false;
+    std::vector<FunctionMetadata> functionMetadata;
+    std::set<std::pair<std::string, std::string>> precedences;
+
+    WorkingFolder workingFolder;
+    SearchPath searchPath;
+
+    /// Class name -> member name -> class of the member.
+    std::map<std::string, std::map<std::string, std::string, std::less<>>, std::less<>> javaClasses;
 };
 
 /// The world that answers. Throws a host failure when none stands.

@@ -9,6 +9,7 @@
 #include "hosts/python/class_registry.h"
 #include "hosts/python/errors.h"
 #include "hosts/python/interning.h"
+#include "hosts/python/java_classes.h"
 #include "hosts/python/python_host.h"
 #include "hosts/python/resolution_order.h"
 #include "hosts/python/value_kinds.h"
@@ -19,6 +20,9 @@ namespace {
 using python_host::ClassRegistry;
 using python_host::PendingErrorGuard;
 
+/// What the host's own objects that stand for namespaces are.
+constexpr const char* namespaceClassName = "ostrel.metadata.Namespace";
+
 zelk::COSInternedID classNameOf(PyObject* object) {
     return ClassRegistry::instance().objectOf(Py_TYPE(object)).getID();
 }
@@ -26,6 +30,9 @@ zelk::COSInternedID classNameOf(PyObject* object) {
 bool derivesFromNamed(PyObject* object, const char* className) {
     if (object == nullptr) {
         return false;
+    }
+    if (std::strcmp(className, "java") == 0 && python_host::isOfJava(object)) {
+        return true;
     }
     const python_host::ClassObject* cls = ClassRegistry::instance().find(python_host::internName(className));
     PyTypeObject* type = cls == nullptr ? nullptr : cls->type();
@@ -50,12 +57,15 @@ const char* qxGetClassName(const qxArray* value) {
     if (const char* name = python_host::kindName(value->classId())) {
         return name;
     }
+    if (value->object() == nullptr) {
+        return namespaceClassName;
+    }
     const PendingErrorGuard pending;
     return classNameOf(value->object()).c_str();
 }
 
 bool qxIsA(const qxArray* value, const char* className) {
-    const char* kind = python_host::kindName(value->classId());
+    const char* kind = value->isNamespaces() ? namespaceClassName : python_host::kindName(value->classId());
     if (kind != nullptr && std::strcmp(kind, className) == 0) {
         return true;
     }

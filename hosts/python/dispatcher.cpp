@@ -10,6 +10,7 @@
 #include "hosts/python/file_scopes.h"
 #include "hosts/python/object_system.h"
 #include "hosts/python/scopes.h"
+#include "hosts/python/search_path.h"
 
 namespace python_host {
 
@@ -47,6 +48,9 @@ public:
         const PendingErrorGuard pending;
         return focused_.find();
     }
+
+    const ICurrentFolder& GetCurrentWorkingFolder() override { return currentFolder(); }
+    const ISearchPath& GetCurrentPath() override { return searchPath(); }
 
     ObjectSystem& getObjectSystem() override { return objectSystem(); }
 

@@ -110,6 +110,10 @@ std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& 
     return narrow(text, converter.refuses());
 }
 
+std::string to_string(std::u16string_view text, const codecvt_ustring_to_string& converter) {
+    return narrow(text, converter.refuses());
+}
+
 std::u16string to_ustring(std::string_view text) { return widen(text, false); }
 
 std::u16string to_ustring(std::string_view text, const codecvt_ascii_to_ustring& converter) {

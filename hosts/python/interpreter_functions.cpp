@@ -4,7 +4,11 @@
 #include <string_view>
 #include <utility>
 
+#include "host/evaluation.h"
+#include "host/i18n.h"
 #include "host/interpreter.h"
+#include "host/text.h"
+#include "hosts/python/all_namespaces.h"
 #include "hosts/python/errors.h"
 #include "hosts/python/object_names.h"
 #include "hosts/python/values.h"
@@ -42,17 +46,54 @@ PyObject* onlyObject(int inputCount, const qxArray* const* inputs) {
     return object;
 }
 
+qxUniqueArray answerOf(std::string_view functionName, int inputCount, const qxArray* const* inputs) {
+    if (functionName == "ostrel.metadata.Namespace.getAllNamespaces") {
+        return python_host::allNamespaceObjects();
+    }
+    const NamedFunction& function = functionNamed(functionName);
+    const python_host::Ref object = python_host::Ref::share(onlyObject(inputCount, inputs));
+    return python_host::makeCell(function.answer(object.get()));
+}
+
+void call(int outputCount, qxArray** outputs, int inputCount, const qxArray* const* inputs,
+          std::string_view functionName) {
+    const python_host::PendingErrorGuard pending;
+    qxUniqueArray answer = answerOf(functionName, inputCount, inputs);
+    if (outputCount > 0) {
+        std::fill(outputs, outputs + outputCount, nullptr);
+        outputs[0] = answer.release();
+    }
+}
+
 }  // namespace
 
 void inCallFcn(int outputCount, qxArray** outputs, int inputCount, const qxArray* const* inputs,
                const char* functionName) {
-    const python_host::PendingErrorGuard pending;
-    const NamedFunction& function = functionNamed(functionName);
-    const python_host::Ref object = python_host::Ref::share(onlyObject(inputCount, inputs));
-    qxUniqueArray answer = python_host::makeCell(function.answer(object.get()));
-    if (outputCount > 0) {
-        std::fill(outputs, outputs + outputCount, nullptr);
-        outputs[0] = answer.release();
+    call(outputCount, outputs, inputCount, inputs, functionName);
+}
+
+void inFullFevalFcn(int outputCount, qxArray** outputs, int inputCount, const qxArray* const* inputs) {
+    if (inputCount < 1 || !isNonMissingScalarText(inputs[0])) {
+        throw PythonFailure("the first input names the function");
+    }
+    const std::string name = fl::i18n::to_string(getScalarText(inputs[0]));
+    call(outputCount, outputs, inputCount - 1, inputs + 1, name);
+}
+
+// There are no packages of an older object system, so the function that finds one is unknown like any other.
+int inCallFcnWithTrap(int outputCount, qxArray** outputs, int inputCount, const qxArray* const* inputs,
+                      const char* functionName, bool trap) {
+    constexpr int failed = 1;
+    try {
+        call(outputCount, outputs, inputCount, inputs, functionName);
+        return 0;
+    } catch (const foundation::core::except::InterruptException&) {
+        throw;
+    } catch (const foundation::core::except::IException&) {
+        if (!trap) {
+            throw;
+        }
+        return failed;
     }
 }
 

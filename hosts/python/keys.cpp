@@ -18,6 +18,7 @@ Keys makeKeys() noexcept {
     result.annotations = key("__annotations__");
     result.axes = key("axes");
     result.cachedProperty = key("cached_property");
+    result.call = key("__call__");
     result.curframe = key("curframe");
     result.curframeLocals = key("curframe_locals");
     result.dataclassFields = key("__dataclass_fields__");
@@ -37,8 +38,10 @@ Keys makeKeys() noexcept {
     result.getattr = key("__getattr__");
     result.getattribute = key("__getattribute__");
     result.hasTraits = key("HasTraits");
+    result.init = key("__init__");
     result.initSubclass = key("__init_subclass__");
     result.initVar = key("InitVar");
+    result.make = key("__new__");
     result.manager = key("_mgr");
     result.memberMap = key("_member_map_");
     result.metadata = key("metadata");
@@ -48,7 +51,10 @@ Keys makeKeys() noexcept {
     result.ordinaryField = key("_FIELD");
     result.origin = key("__origin__");
     result.paramsType = key("_DataclassParams");
+    result.partial = key("partial");
     result.path = key("__path__");
+    result.priority = key("__array_priority__");
+    result.searchPath = key("path");
     result.traitsModule = key("traitlets.traitlets");
     result.traitType = key("TraitType");
     result.wrapped = key("__wrapped__");

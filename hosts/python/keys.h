@@ -11,6 +11,7 @@ struct Keys {
     PyObject* annotations;
     PyObject* axes;
     PyObject* cachedProperty;
+    PyObject* call;
     PyObject* curframe;
     PyObject* curframeLocals;
     PyObject* dataclassFields;
@@ -30,8 +31,10 @@ struct Keys {
     PyObject* getattr;
     PyObject* getattribute;
     PyObject* hasTraits;
+    PyObject* init;
     PyObject* initSubclass;
     PyObject* initVar;
+    PyObject* make;
     PyObject* manager;
     PyObject* memberMap;
     PyObject* metadata;
@@ -41,7 +44,10 @@ struct Keys {
     PyObject* ordinaryField;
     PyObject* origin;
     PyObject* paramsType;
+    PyObject* partial;
     PyObject* path;
+    PyObject* priority;
+    PyObject* searchPath;
     PyObject* traitsModule;
     PyObject* traitType;
     PyObject* wrapped;

@@ -1,5 +1,6 @@
 #include "hosts/python/namespace_object.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -50,10 +51,11 @@ public:
     void addLoadedBelow(const std::string& loaded) {
         std::vector<std::string> names;
         const std::string prefix = loaded + '.';
+        std::string buffer;
         eachTextItem(loadedModules(), [&](PyObject* key, PyObject* value) {
-            const std::string name = PyModule_Check(value) ? lossyUtf8Of(key) : std::string();
-            if (name.starts_with(prefix) && name.find('.', prefix.size()) == std::string::npos) {
-                names.push_back(name.substr(prefix.size()));
+            const auto name = PyModule_Check(value) ? utf8Of(key, buffer) : std::nullopt;
+            if (name && name->starts_with(prefix) && name->find('.', prefix.size()) == std::string_view::npos) {
+                names.emplace_back(name->substr(prefix.size()));
             }
         });
         for (const std::string& name : names) {

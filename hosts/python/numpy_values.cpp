@@ -147,6 +147,11 @@ std::optional<int> scalarNumberOf(PyTypeObject* type) {
     return std::nullopt;
 }
 
+/// An element of a user's scalar type would be made by that type.
+bool hasOwnElements(PyArrayObject* array) {
+    return PyArray_TYPE(array) == NPY_OBJECT || scalarNumberOf(PyArray_DESCR(array)->typeobj).has_value();
+}
+
 }  // namespace
 
 std::optional<qxClassID> numpyKindOf(PyObject* object) {
@@ -208,6 +213,30 @@ const double* numpyDoublesOf(PyObject* object) {
     PyArrayObject* array = asExactArray(object);
     const bool readable = array != nullptr && PyArray_TYPE(array) == NPY_DOUBLE && PyArray_ISCARRAY_RO(array);
     return readable ? static_cast<const double*>(PyArray_DATA(array)) : nullptr;
+}
+
+Ref numpyItem(PyObject* object, PyObject* index) {
+    PyArrayObject* array = asExactArray(object);
+    if (array == nullptr || !hasOwnElements(array)) {
+        return {};
+    }
+    Ref item = Ref::steal(PyObject_GetItem(object, index));
+    if (!item) {
+        PyErr_Clear();
+    }
+    return item;
+}
+
+bool isNumpyTrue(PyObject* object) {
+    if (!isLoaded()) {
+        return false;
+    }
+    if (Py_TYPE(object) == &PyBoolArrType_Type) {
+        return PyArrayScalar_VAL(object, Bool) != 0;
+    }
+    PyArrayObject* array = asExactArray(object);
+    return array != nullptr && PyArray_TYPE(array) == NPY_BOOL && PyArray_SIZE(array) == 1 &&
+           *PyArray_BYTES(array) != 0;
 }
 
 bool isNumpyOwnType(PyTypeObject* type) {

@@ -28,6 +28,14 @@ std::size_t numpyLengthOf(PyObject* object);
 /// The doubles of an exact, contiguous, native array of them or of a double scalar; null for any other object.
 const double* numpyDoublesOf(PyObject* object);
 
+/// What an exact array has at an index of whole numbers, slices, field names or a tuple of these: an element or a view,
+/// never a copy. Empty for any other object, when there is nothing, and when the elements are of a user's type. No
+/// Python error is left.
+Ref numpyItem(PyObject* object, PyObject* index);
+
+/// Whether an object is a truth value of the package, or an exact array of one, that is true.
+bool isNumpyTrue(PyObject* object);
+
 /// Whether the type is the array's own, an array scalar's own, or a data type of the package.
 bool isNumpyOwnType(PyTypeObject* type);
 

@@ -3,6 +3,7 @@
 #include <Python.h>
 
 #include "host/array_library.h"
+#include "hosts/python/array_priority.h"
 #include "hosts/python/class_registry.h"
 #include "hosts/python/errors.h"
 #include "hosts/python/interning.h"
@@ -32,6 +33,16 @@ PyTypeObject* typeOf(std::int32_t number) {
     return cls == nullptr ? nullptr : cls->type();
 }
 
+/// The language asks the more special class first; among unrelated classes arrays go by their priorities.
+bool precedes(PyTypeObject* type, PyTypeObject* other) {
+    if (derivesFrom(type, other) || derivesFrom(other, type)) {
+        return derivesFrom(type, other);
+    }
+    const auto priority = arrayPriorityOf(type);
+    const auto otherPriority = arrayPriorityOf(other);
+    return priority && otherPriority && *priority > *otherPriority;
+}
+
 class LiveObjectSystem final : public ObjectSystem {
 public:
     std::int32_t getClassNumber(const std::string& className) override {
@@ -50,6 +61,13 @@ public:
         PyTypeObject* type = typeOf(cls);
         PyTypeObject* baseType = typeOf(base);
         return type != nullptr && baseType != nullptr && derivesFrom(type, baseType);
+    }
+
+    bool hasPrecedenceOver(std::int32_t cls, std::int32_t other) override {
+        const PendingErrorGuard pending;
+        PyTypeObject* type = typeOf(cls);
+        PyTypeObject* otherType = typeOf(other);
+        return type != nullptr && otherType != nullptr && type != otherType && precedes(type, otherType);
     }
 };
 

@@ -3,7 +3,7 @@
 // The language's own order is followed: a data descriptor of the class, the object's dictionary, the class's plain
 // value. Whatever would have to be computed on the way is refused, save for getters that are known to compute nothing
 // of a user's.
-#include <Python.h>
+#include "hosts/python/property_access.h"
 
 #include <structmember.h>
 
@@ -50,18 +50,21 @@ Ref readSlot(PyObject* object, PyObject* descriptor) {
 }
 
 /// A descriptor that is asked even before the object's own dictionary.
-Ref readDataDescriptor(PyObject* object, const RawAttribute& attribute, PyObject* name) {
+Ref readDataDescriptor(PyObject* object, const RawAttribute& attribute, PyObject* name, AttributeReach reach) {
     if (Py_TYPE(attribute.value) == &PyMemberDescr_Type) {
         return readSlot(object, attribute.value);
     }
-    return readKnownGetter(object, attribute, name);
+    return reach == AttributeReach::knownGetters ? readKnownGetter(object, attribute, name) : Ref();
 }
 
 /// A value of the class as it looks from an instance.
-Ref readClassValue(PyObject* object, PyObject* value) {
+Ref readClassValue(PyObject* object, PyObject* value, AttributeReach reach) {
     PyTypeObject* type = Py_TYPE(value);
     if (type->tp_descr_get == nullptr) {
         return Ref::share(value);
+    }
+    if (reach == AttributeReach::plainData) {
+        return {};
     }
     if (type == &PyFunction_Type) {
         return Ref::steal(orThrow(PyMethod_New(value, object)));
@@ -72,29 +75,32 @@ Ref readClassValue(PyObject* object, PyObject* value) {
     return {};
 }
 
-Ref readFromInstance(PyObject* object, PyObject* name) {
+Ref readFromInstance(PyObject* object, PyObject* name, AttributeReach reach) {
     if (!readsOrdinarily(Py_TYPE(object), PyObject_GenericGetAttr)) {
         return {};
     }
     const RawAttribute attribute = findInOrder(Py_TYPE(object), name);
     if (attribute.value != nullptr && Py_TYPE(attribute.value)->tp_descr_set != nullptr) {
-        return readDataDescriptor(object, attribute, name);
+        return readDataDescriptor(object, attribute, name, reach);
     }
     if (PyObject* own = findItem(instanceDictionary(object), name)) {
         return Ref::share(own);
     }
-    return attribute.value == nullptr ? Ref() : readClassValue(object, attribute.value);
+    return attribute.value == nullptr ? Ref() : readClassValue(object, attribute.value, reach);
 }
 
 /// A value of a class as it looks from the class itself.
-Ref readOwnClassValue(PyObject* value) {
+Ref readOwnClassValue(PyObject* value, AttributeReach reach) {
     const PyTypeObject* type = Py_TYPE(value);
+    if (reach == AttributeReach::plainData) {
+        return type->tp_descr_get == nullptr ? Ref::share(value) : Ref();
+    }
     const bool isItself = type->tp_descr_get == nullptr || type == &PyFunction_Type || type == &PyMethodDescr_Type ||
                           type == &PyWrapperDescr_Type;
     return isItself ? Ref::share(value) : readKnownWrapper(value);
 }
 
-Ref readFromClass(PyTypeObject* cls, PyObject* name) {
+Ref readFromClass(PyTypeObject* cls, PyObject* name, AttributeReach reach) {
     PyTypeObject* metaclass = Py_TYPE(cls);
     if (!readsOrdinarily(metaclass, PyType_Type.tp_getattro)) {
         return {};
@@ -104,7 +110,7 @@ Ref readFromClass(PyTypeObject* cls, PyObject* name) {
         return {};
     }
     const RawAttribute attribute = findInOrder(cls, name);
-    return attribute.value == nullptr ? Ref() : readOwnClassValue(attribute.value);
+    return attribute.value == nullptr ? Ref() : readOwnClassValue(attribute.value, reach);
 }
 
 Ref readFromModule(PyObject* module, PyObject* name) {
@@ -118,28 +124,57 @@ Ref readFromModule(PyObject* module, PyObject* name) {
     return Ref::share(findItem(PyModule_GetDict(module), name));
 }
 
-Ref readAttribute(PyObject* object, PyObject* name) {
+}  // namespace
+
+Ref readAttribute(PyObject* object, PyObject* name, AttributeReach reach) {
     if (PyModule_Check(object)) {
         return readFromModule(object, name);
     }
-    return PyType_Check(object) ? readFromClass(asType(object), name) : readFromInstance(object, name);
+    return PyType_Check(object) ? readFromClass(asType(object), name, reach) : readFromInstance(object, name, reach);
+}
+
+namespace {
+
+/// Namespaces are listed live, so reading a list has nothing to fill, and nobody looks at the list itself.
+qxUniqueArray readNamespace(std::string_view namespaceName, std::string_view property) {
+    if (property == "Name") {
+        return makeTextValue(namespaceName);
+    }
+    const bool isList = property == "ClassList" || property == "FunctionList" || property == "PackageList";
+    return isList ? makeCell(NameList()) : nullptr;
+}
+
+/// A live value is one element; the name reaches it as any attribute does. What may not be read is no value.
+qxUniqueArray readObject(PyObject* object, const char* name) {
+    const Ref key = Ref::steal(makeText(name));
+    if (!key) {
+        return nullptr;
+    }
+    const Ref holder = Ref::share(object);
+    const Ref value = readAttribute(holder.get(), key.get(), AttributeReach::knownGetters);
+    return value ? wrap(value.get()) : nullptr;
+}
+
+qxUniqueArray readProperty(const qxArray* value, std::size_t index, const char* name) {
+    const PendingErrorGuard pending;
+    if (const auto namespaceName = value->namespaceName(index)) {
+        return readNamespace(*namespaceName, name);
+    }
+    if (index != 0 || value->isNamespaces()) {
+        throw PythonFailure("the value has no such element");
+    }
+    return value->object() == nullptr ? nullptr : readObject(value->object(), name);
 }
 
 }  // namespace
 
 }  // namespace python_host
 
-// A live value is one element; the name reaches it as any attribute does. What may not be read is no value.
 qxArray* qxGetPropertyShared(const qxArray* object, std::size_t index, const char* name) {
-    const python_host::PendingErrorGuard pending;
-    if (index != 0) {
-        throw python_host::PythonFailure("a live value has one element");
-    }
-    const python_host::Ref key = python_host::Ref::steal(python_host::makeText(name));
-    if (object->object() == nullptr || !key) {
-        return nullptr;
-    }
-    const python_host::Ref holder = python_host::Ref::share(object->object());
-    const python_host::Ref value = python_host::readAttribute(holder.get(), key.get());
-    return value ? python_host::wrap(value.get()).release() : nullptr;
+    return python_host::readProperty(object, index, name).release();
+}
+
+// Objects are shared by whoever has a reference; a copy of one would have to ask its class for it.
+qxUniqueArray qxGetProperty(const qxArray* object, std::size_t index, const char* name) {
+    return python_host::readProperty(object, index, name);
 }

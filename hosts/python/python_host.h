@@ -60,4 +60,36 @@ CONTEXTDATA_PYTHON_HOST_API void setStoppedDebugger(PyObject* debugger) noexcept
 /// program's code, and leaves the frame's variables alone. May throw a host failure.
 CONTEXTDATA_PYTHON_HOST_API zelk::COSInternedID classInFocus();
 
+/// What reading and evaluating an expression on behalf of introspection may do.
+enum class EvaluationPolicy : std::uint8_t {
+    strict,   ///< names, and attributes that are plain data
+    guarded,  ///< constant subscripts and literals too, methods, and getters that are known to run no code of a user
+    full,     ///< whatever the interpreter does with the expression
+};
+
+/// The policy of the process. Guarded, unless somebody chooses another one.
+CONTEXTDATA_PYTHON_HOST_API EvaluationPolicy evaluationPolicy() noexcept;
+CONTEXTDATA_PYTHON_HOST_API void setEvaluationPolicy(EvaluationPolicy policy) noexcept;
+
+/// For the life of the guard, the current workspace of this thread is what the dictionaries hold: the locals before the
+/// globals. Without a guard it is the frame in the focus of a debugger that holds the program, else `__main__`. Guards
+/// end in the reverse order of their beginning.
+class CONTEXTDATA_PYTHON_HOST_API CurrentWorkspace {
+public:
+    /// Keeps references. Null is a dictionary that is empty; so is what is no dictionary, and of a subclass only what
+    /// it stores counts, as no method of it is called.
+    explicit CurrentWorkspace(PyObject* locals, PyObject* globals = nullptr) noexcept;
+    CurrentWorkspace(const CurrentWorkspace&) = delete;
+    CurrentWorkspace& operator=(const CurrentWorkspace&) = delete;
+    ~CurrentWorkspace();
+
+    PyObject* locals() const noexcept { return locals_; }
+    PyObject* globals() const noexcept { return globals_; }
+
+private:
+    PyObject* locals_;
+    PyObject* globals_;
+    const CurrentWorkspace* outer_;
+};
+
 }  // namespace python_host

@@ -1,12 +1,16 @@
 #include "hosts/python/values.h"
 
+#include <limits>
+#include <new>
 #include <numeric>
 #include <string>
 #include <utility>
 
 #include "hosts/python/errors.h"
+#include "hosts/python/object_names.h"
 #include "hosts/python/object_release.h"
 #include "hosts/python/python_host.h"
+#include "hosts/python/python_text.h"
 #include "hosts/python/utf.h"
 #include "hosts/python/value_kinds.h"
 
@@ -18,6 +22,7 @@ struct qxArray::Parts {
     std::vector<std::size_t> dimensions;
     std::unique_ptr<qxArray[]> texts;
     std::vector<qxUniqueArray> elements;
+    std::optional<std::vector<std::string>> fieldNames;
 };
 
 namespace {
@@ -48,6 +53,23 @@ qxArray::qxArray(NameList names) : form_(Form::names), classId_(qxClassID::cell)
     }
 }
 
+qxArray::qxArray(std::size_t rows, std::size_t columns)
+    : form_(Form::cell), classId_(qxClassID::cell), parts_(std::make_unique<Parts>()) {
+    if (columns != 0 && rows > std::numeric_limits<std::size_t>::max() / columns) {
+        throw std::bad_alloc();
+    }
+    parts_->dimensions = {rows, columns};
+    parts_->elements.resize(rows * columns);
+}
+
+qxUniqueArray qxArray::ofNamespaces(NameList names) {
+    qxUniqueArray value(new qxArray);
+    value->form_ = Form::namespaces;
+    value->classId_ = qxClassID::opaque;
+    value->parts().names = std::move(names);
+    return value;
+}
+
 qxArray::~qxArray() {
     if (object_ != nullptr) {
         python_host::releaseObject(object_);
@@ -67,6 +89,9 @@ std::vector<std::size_t> qxArray::measure() const {
             return {1, unitsOf(text_)};
         case Form::names:
             return {parts().names.names().size(), 1};
+        case Form::namespaces:
+            return {1, parts().names.names().size()};
+        case Form::cell:
         case Form::object:
             break;
     }
@@ -84,6 +109,9 @@ const std::vector<std::size_t>& qxArray::dimensions() const {
 const qxArray* qxArray::element(std::size_t index) const {
     if (form_ == Form::names) {
         return index < parts().names.names().size() ? &parts().texts[index] : nullptr;
+    }
+    if (form_ == Form::cell) {
+        return index < parts().elements.size() ? parts().elements[index].get() : nullptr;
     }
     return form_ == Form::object ? objectElement(index) : nullptr;
 }
@@ -104,6 +132,38 @@ const qxArray* qxArray::objectElement(std::size_t index) const {
     return elements[index].get();
 }
 
+bool qxArray::setElement(std::size_t index, qxUniqueArray element) noexcept {
+    if (form_ != Form::cell || index >= parts_->elements.size()) {
+        return false;
+    }
+    parts_->elements[index].swap(element);
+    return true;
+}
+
+std::optional<std::string_view> qxArray::namespaceName(std::size_t index) const {
+    if (form_ != Form::namespaces || index >= parts_->names.names().size()) {
+        return std::nullopt;
+    }
+    return parts_->names.names()[index];
+}
+
+const std::vector<std::string>& qxArray::fieldNames() const {
+    std::optional<std::vector<std::string>>& names = parts().fieldNames;
+    if (!names) {
+        names.emplace();
+        if (form_ == Form::object) {
+            const NameList fields = python_host::fieldNamesOf(object_);
+            // A name with a zero within would be handed on as another one.
+            for (const std::string_view name : fields.names()) {
+                if (name.find('\0') == std::string_view::npos) {
+                    names->emplace_back(name);
+                }
+            }
+        }
+    }
+    return *names;
+}
+
 namespace python_host {
 
 qxUniqueArray wrap(PyObject* object) {
@@ -115,6 +175,16 @@ qxUniqueArray wrap(PyObject* object) {
 PyObject* unwrap(const qxArray* value) noexcept { return value->object(); }
 
 qxUniqueArray makeCell(NameList names) { return qxUniqueArray(new qxArray(std::move(names))); }
+
+qxUniqueArray makeNamespaceObjects(NameList names) { return qxArray::ofNamespaces(std::move(names)); }
+
+qxUniqueArray makeTextValue(std::string_view utf8) {
+    const Ref text = Ref::steal(makeText(utf8));
+    if (!text) {
+        throw PythonFailure("the text cannot be made");
+    }
+    return wrap(text.get());
+}
 
 }  // namespace python_host
 

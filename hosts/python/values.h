@@ -1,4 +1,4 @@
-// Host values: live objects, and cells of names that the host makes itself.
+// Host values: live objects, and what the host makes itself: cells of names, cells that are filled, namespaces.
 #pragma once
 
 #include <Python.h>
@@ -6,6 +6,8 @@
 #include <atomic>
 #include <cstddef>
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,14 +15,19 @@
 #include "hosts/python/name_list.h"
 #include "hosts/python/references.h"
 
-/// Three forms: a live object with a reference to it; a text; a cell of texts. Nobody changes a value, but the object
-/// behind it may change; extents are those of the first time that they were asked for.
+/// Five forms: a live object with a reference to it; a text; a cell of texts; a cell that is filled element by element;
+/// an array of namespaces. Only a cell of the second kind is changed by anybody, but the object behind a value may
+/// change; extents and field names are those of the first time that they were asked for.
 class qxArray {
 public:
     /// The elements of a cell of names are made in one piece and then filled.
     qxArray() noexcept;
     explicit qxArray(python_host::Ref object);
     explicit qxArray(python_host::NameList names);
+    /// A cell of unset elements.
+    qxArray(std::size_t rows, std::size_t columns);
+    /// A row of namespaces.
+    static qxUniqueArray ofNamespaces(python_host::NameList names);
     ~qxArray();
     qxArray(const qxArray&) = delete;
     qxArray& operator=(const qxArray&) = delete;
@@ -35,11 +42,19 @@ public:
     bool isText() const noexcept { return form_ == Form::text; }
     std::string_view text() const noexcept { return text_; }
 
+    bool isNamespaces() const noexcept { return form_ == Form::namespaces; }
+
     const std::vector<std::size_t>& dimensions() const;
     const qxArray* element(std::size_t index) const;
+    /// Whether the value is a cell that has such an element and may be changed; `element` is gone if it is not.
+    bool setElement(std::size_t index, qxUniqueArray element) noexcept;
+    /// The name of a namespace; nothing when there is no such element.
+    std::optional<std::string_view> namespaceName(std::size_t index) const;
+    /// The names of the fields of a structure, each a zero-terminated text; none for any other value.
+    const std::vector<std::string>& fieldNames() const;
 
 private:
-    enum class Form : std::uint8_t { object, text, names };
+    enum class Form : std::uint8_t { object, text, names, cell, namespaces };
 
     /// What is made only when somebody asks.
     struct Parts;
@@ -60,5 +75,11 @@ namespace python_host {
 
 /// A cell of texts, in the order of the list.
 qxUniqueArray makeCell(NameList names);
+
+/// An array with one element a namespace of the list, whose property "Name" is its name.
+qxUniqueArray makeNamespaceObjects(NameList names);
+
+/// A text as a value. Throws a host failure when the text cannot be made.
+qxUniqueArray makeTextValue(std::string_view utf8);
 
 }  // namespace python_host

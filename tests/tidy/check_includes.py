@@ -42,7 +42,12 @@ PUBLIC = {
     "method_visitor.h": "visitors",
     "property_info.h": "visitors",
     "property_visitor.h": "visitors",
+    "argument_block_metadata.h": "namelists",
     "class_member_names.h": "namelists",
+    "namespace_names.h": "namelists",
+    "other_object_systems.h": "values",
+    "what_list.h": "values",
+    "workspace.h": "workspace",
     "values.h": "values",
     "workspace_methods.h": "values",
 }

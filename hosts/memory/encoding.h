@@ -1,0 +1,13 @@
+// Encodings, for the host's own use: no service is called.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace memory_host {
+
+/// UTF-16 as UTF-8; empty for invalid text.
+std::optional<std::string> utf8Of(std::u16string_view text);
+
+}  // namespace memory_host

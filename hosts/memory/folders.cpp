@@ -1,0 +1,123 @@
+#include "hosts/memory/folders.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "hosts/memory/encoding.h"
+#include "hosts/memory/failure.h"
+#include "hosts/memory/watch.h"
+
+namespace memory_host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path pathOf(const vfs::Location& location) { return fs::path(location.iri.substr(locationMark.size())); }
+
+/// A path as the journal shows it; empty when it is invalid text.
+std::string shown(const std::u16string& path) { return utf8Of(path).value_or(""); }
+
+/// A name of the file system that is no UTF-8 has no UTF-16 form; the world does not know it.
+void appendName(const fs::path& path, std::vector<std::u16string>& names) {
+    try {
+        names.push_back(path.filename().u16string());
+    } catch (const std::system_error&) {
+        return;
+    }
+}
+
+}  // namespace
+
+vfs::Location locationOf(const std::u16string& path) { return {std::u16string(locationMark) + path}; }
+
+const IFolder& WorkingFolder::get() const {
+    enter(Service::currentFolderGet);
+    return *this;
+}
+
+vfs::Location WorkingFolder::getLocation() const {
+    enter(Service::folderGetLocation);
+    return memory_host::locationOf(path);
+}
+
+vfs::Location PathEntry::getLocation() const {
+    enter(Service::pathEntryGetLocation);
+    return memory_host::locationOf(path_);
+}
+
+std::optional<vfs::Location> PathEntry::findFolder(const std::u16string& name) const {
+    enter(Service::pathEntryFindFolder);
+    const fs::path folder = fs::path(path_) / fs::path(name);
+    std::error_code failed;
+    return fs::is_directory(folder, failed) ? std::optional(memory_host::locationOf(folder.u16string())) : std::nullopt;
+}
+
+std::int32_t PathEntry::getKind() const {
+    enter(Service::pathEntryGetKind);
+    return kind_;
+}
+
+void SearchPath::visit(const std::function<bool(const std::shared_ptr<IPathEntry>&)>& visitor) const {
+    enter(Service::searchPathVisit);
+    for (const std::shared_ptr<IPathEntry>& entry : entries) {
+        if (!visitor(entry)) {
+            return;
+        }
+    }
+}
+
+}  // namespace memory_host
+
+using memory_host::enter;
+using memory_host::Service;
+
+std::u16string vfs::GetName(const Location& location) {
+    enter(Service::vfsGetName);
+    return memory_host::pathOf(location).filename().u16string();
+}
+
+vfs::Location vfs::GetParent(const Location& location) {
+    enter(Service::vfsGetParent);
+    return memory_host::locationOf(memory_host::pathOf(location).parent_path().u16string());
+}
+
+bool vfs::AreSame(const Location& first, const Location& second) {
+    enter(Service::vfsAreSame);
+    return memory_host::pathOf(first).lexically_normal() == memory_host::pathOf(second).lexically_normal();
+}
+
+std::u16string vfs::GetStringFromIRI(const Location& location) {
+    enter(Service::vfsGetStringFromIRI);
+    return memory_host::pathOf(location).u16string();
+}
+
+FileStatus status(const std::u16string& path) {
+    enter(Service::fileStatus, std::string_view(memory_host::shown(path)));
+    std::error_code failed;
+    const std::filesystem::file_status found = std::filesystem::status(path, failed);
+    return {std::filesystem::exists(found), std::filesystem::is_directory(found)};
+}
+
+void ioGetDirList(const std::u16string& pattern, std::vector<std::u16string>& list, int flag) {
+    enter(Service::ioGetDirList, std::string_view(memory_host::shown(pattern)));
+    if (flag != 1) {
+        throw memory_host::HostFailure("only files and folders alike can be listed");
+    }
+    const std::size_t divide = pattern.rfind(u'\\');
+    if (divide == std::u16string::npos || pattern.substr(divide + 1) != u"*") {
+        throw memory_host::HostFailure("a pattern is a folder, a backslash and *");
+    }
+    std::vector<std::u16string> names;
+    try {
+        for (const auto& entry : std::filesystem::directory_iterator(pattern.substr(0, divide))) {
+            memory_host::appendName(entry.path(), names);
+        }
+    } catch (const std::filesystem::filesystem_error& error) {
+        throw memory_host::HostFailure(error.what());
+    }
+    // The file system has no order of its own, and a test wants one.
+    std::sort(names.begin(), names.end());
+    list.insert(list.end(), names.begin(), names.end());
+}

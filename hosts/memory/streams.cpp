@@ -1,0 +1,51 @@
+#include "hosts/memory/streams.h"
+
+#include <utility>
+
+#include "hosts/memory/watch.h"
+#include "hosts/memory/world_state.h"
+
+namespace memory_host {
+
+void MemoryStream::push(const boost::shared_ptr<OutputSink>& sink) {
+    enter(Service::streamPush, std::string_view(name_));
+    deliver();
+    sinks_.push_back(sink);
+    seen_.emplace_back(sink);
+}
+
+void MemoryStream::flush() noexcept {
+    note(Service::streamFlush, name_);
+    deliver();
+}
+
+void MemoryStream::pop() noexcept {
+    note(Service::streamPop, name_);
+    sinks_.pop_back();
+}
+
+void MemoryStream::deliver() noexcept {
+    const std::u16string text = std::exchange(held_, {});
+    if (sinks_.empty()) {
+        shown_ += text;
+    } else {
+        sinks_.back()->write(text);
+    }
+}
+
+}  // namespace memory_host
+
+OutputCapture::OutputCapture() = default;
+OutputCapture::~OutputCapture() = default;
+void OutputCapture::write(std::u16string_view text) { text_ += text; }
+const std::u16string& OutputCapture::getText() const noexcept { return text_; }
+
+OutputStream& OutputStream::standardOutput() {
+    memory_host::enter(memory_host::Service::standardOutput);
+    return memory_host::currentWorld().standardOutput;
+}
+
+OutputStream& OutputStream::standardError() {
+    memory_host::enter(memory_host::Service::standardError);
+    return memory_host::currentWorld().standardError;
+}
