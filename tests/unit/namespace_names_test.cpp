@@ -20,6 +20,8 @@ struct Listing {
     const char* listProperty;
     Service members;
     NamespaceBuilder& (NamespaceBuilder::*holds)(std::string_view name);
+
+    friend std::ostream& operator<<(std::ostream& out, const Listing& listing) { return out << listing.kind; }
 };
 
 const Listing listings[] = {
