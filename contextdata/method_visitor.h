@@ -49,11 +49,11 @@ private:
 
     const ClassInfo* visitedClass_;
     std::vector<std::int32_t> accessibility_;
-    const ClassInfo* accessingClass_;
-    MethodInfo::GetContext context_;
-    bool includeConstructors_;
-    bool includeOperatorOverloads_;
-    bool includeHidden_;
+    const ClassInfo* accessingClass_ = nullptr;
+    MethodInfo::GetContext context_ = MethodInfo::GetContext::none;
+    bool includeConstructors_ = false;
+    bool includeOperatorOverloads_ = false;
+    bool includeHidden_ = false;
     std::vector<MethodInfo> collected_;
     std::vector<MethodInfo> hidden_;
 };

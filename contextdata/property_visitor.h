@@ -57,8 +57,8 @@ private:
     const ClassInfo* visitedClass_;
     std::vector<std::int32_t> accessibility_;
     std::vector<std::int32_t> accessKinds_;
-    const ClassInfo* accessingClass_;
-    bool includeHidden_;
+    const ClassInfo* accessingClass_ = nullptr;
+    bool includeHidden_ = false;
     std::vector<PropertyInfo> collected_;
     std::vector<PropertyInfo> hidden_;
 };

@@ -66,7 +66,7 @@ std::vector<std::shared_ptr<ClassInfo>> ClassInfo::superclassesOf(COSInternedID 
 }
 
 std::shared_ptr<ClassInfo> ClassInfo::superclassNamed(COSInternedID listedID) {
-    const std::shared_ptr<ClassInfo> superclass = std::make_shared<Superclass>();
+    std::shared_ptr<ClassInfo> superclass = std::make_shared<Superclass>();
     if (const COSClass* cls = COSClass::getClass(listedID)) {
         superclass->fill(cls->getID());
     }

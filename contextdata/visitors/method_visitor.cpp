@@ -43,13 +43,7 @@ MethodInfo recordOf(std::string_view name, std::string_view definingClass, const
 }  // namespace
 
 MethodVisitorMutable::MethodVisitorMutable(const ClassInfo* visitedClass)
-    : visitedClass_(visitedClass),
-      accessibility_{zelk::publicAccess},
-      accessingClass_(nullptr),
-      context_(MethodInfo::GetContext::none),
-      includeConstructors_(false),
-      includeOperatorOverloads_(false),
-      includeHidden_(false) {}
+    : visitedClass_(visitedClass), accessibility_{zelk::publicAccess} {}
 
 MethodVisitorMutable::~MethodVisitorMutable() = default;
 
@@ -73,6 +67,8 @@ void MethodVisitorMutable::visit(zelk::COSInterface* node) {
     visit(handle, zelk::cosiToMethod(node));
 }
 
+// The handle comes by value: whoever overrides this may keep it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void MethodVisitorMutable::visit(zelk::COSInterfacePtr handle, zelk::COSMethodInfo* method) {
     if (method == nullptr) {
         return;

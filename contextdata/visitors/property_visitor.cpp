@@ -45,11 +45,7 @@ PropertyInfo recordOf(const char* name, const zelk::COSPropInfo& property) {
 }  // namespace
 
 PropertyVisitorMutable::PropertyVisitorMutable(const ClassInfo* visitedClass)
-    : visitedClass_(visitedClass),
-      accessibility_{zelk::publicAccess},
-      accessKinds_{reading, writing},
-      accessingClass_(nullptr),
-      includeHidden_(false) {}
+    : visitedClass_(visitedClass), accessibility_{zelk::publicAccess}, accessKinds_{reading, writing} {}
 
 PropertyVisitorMutable::~PropertyVisitorMutable() = default;
 
@@ -71,6 +67,8 @@ void PropertyVisitorMutable::visit(zelk::COSInterface* node) {
     visit(handle, zelk::cosiToProp(node));
 }
 
+// The handle comes by value: whoever overrides this may keep it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void PropertyVisitorMutable::visit(zelk::COSInterfacePtr handle, zelk::COSPropInfo* property) {
     if (property == nullptr) {
         return;

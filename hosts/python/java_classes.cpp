@@ -64,7 +64,7 @@ public:
     Ref below(PyTypeObject* root) {
         std::vector<Ref> waiting = {Ref::share(root)};
         while (!waiting.empty()) {
-            const Ref type = std::move(waiting.back());
+            Ref type = std::move(waiting.back());
             waiting.pop_back();
             if (name_ == asType(type.get())->tp_name && isJavaClass(asType(type.get()))) {
                 return type;
