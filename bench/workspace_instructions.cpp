@@ -35,7 +35,7 @@ bool walkByHand() {
     const std::string narrow = fl::i18n::to_string(chain, fl::i18n::codecvt_ustring_to_ascii(false));
     std::string_view rest = narrow;
     const auto takeName = [&rest] {
-        const std::string name(rest.substr(0, qxCountNameCharacters(rest)));
+        std::string name(rest.substr(0, qxCountNameCharacters(rest)));
         rest.remove_prefix(name.size());
         return name;
     };
