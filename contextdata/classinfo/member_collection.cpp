@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "contextdata/class_info.h"
+#include "contextdata/visitors/position.h"
 #include "host/class_system.h"
 #include "host/exceptions.h"
 
@@ -76,17 +77,8 @@ const std::vector<std::int32_t>& ClassInfo::getDefaultAccessibility() const {
 }
 
 bool ClassInfo::offersMethodsIn(MethodInfo::GetContext context) const {
-    switch (context) {
-        case MethodInfo::GetContext::anyPosition:
-            return true;
-        case MethodInfo::GetContext::afterDot:
-            return MethodInfo::isClassToCompleteMethodsForAfterDot(structure_.classID) && !isA(withoutDotMethods);
-        case MethodInfo::GetContext::beforeDot:
-            return MethodInfo::isClassToCompleteMethodsForBeforeDot(structure_.classID);
-        case MethodInfo::GetContext::none:
-            break;
-    }
-    return false;
+    return contextdata::visitors::isOfferedAt(context, structure_.classID) &&
+           (context != MethodInfo::GetContext::afterDot || !isA(withoutDotMethods));
 }
 
 std::vector<MethodInfo> ClassInfo::getMethods(const MethodInfo::GetOptions& options) const {

@@ -5,6 +5,7 @@
 
 #include "contextdata/class_info.h"
 #include "contextdata/visitors/access.h"
+#include "contextdata/visitors/position.h"
 #include "host/i18n.h"
 
 namespace ZELKContextData {
@@ -20,20 +21,6 @@ bool isConstructor(std::string_view methodName, std::string_view className) {
     }
     const std::string_view qualifier = className.substr(0, className.size() - methodName.size());
     return qualifier.empty() || qualifier.ends_with('.');
-}
-
-bool isOfferedIn(MethodInfo::GetContext context, zelk::COSInternedID definingClass) {
-    switch (context) {
-        case MethodInfo::GetContext::anyPosition:
-            return true;
-        case MethodInfo::GetContext::afterDot:
-            return MethodInfo::isClassToCompleteMethodsForAfterDot(definingClass);
-        case MethodInfo::GetContext::beforeDot:
-            return MethodInfo::isClassToCompleteMethodsForBeforeDot(definingClass);
-        case MethodInfo::GetContext::none:
-            break;
-    }
-    return false;
 }
 
 MethodInfo recordOf(std::string_view name, std::string_view definingClass, const zelk::COSMethodInfo& method) {
@@ -82,7 +69,7 @@ void MethodVisitorMutable::visit(zelk::COSInterfacePtr handle, zelk::COSMethodIn
         hidden_.push_back(recordOf(name, definingClass.view(), *method));
         return;
     }
-    if (!isOfferedIn(context_, definingClass)) {
+    if (!isOfferedAt(context_, definingClass)) {
         return;
     }
     if (!includeConstructors_ && isConstructor(name, definingClass.view())) {

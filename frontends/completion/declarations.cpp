@@ -13,11 +13,7 @@ namespace {
 /// A constructor bears the last part of the name that its class goes by.
 bool isConstructor(std::string_view methodName, const zelk::COSClass* declarer) {
     const std::string_view className = declarer == nullptr ? std::string_view() : declarer->getName();
-    if (!className.ends_with(methodName)) {
-        return false;
-    }
-    const std::string_view qualifier = className.substr(0, className.size() - methodName.size());
-    return qualifier.empty() || qualifier.ends_with('.');
+    return methodName == className.substr(className.rfind('.') + 1);
 }
 
 zelk::COSInternedID idOf(const zelk::COSClass* cls) { return cls == nullptr ? zelk::COSInternedID() : cls->getID(); }

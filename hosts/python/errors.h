@@ -4,6 +4,7 @@
 #include <Python.h>
 
 #include "host/exceptions.h"
+#include "hosts/python/references.h"
 
 namespace python_host {
 
@@ -52,6 +53,22 @@ inline PyObject* orThrow(PyObject* object) {
         throwPythonError();
     }
     return object;
+}
+
+/// Takes over what a call made; nothing, with the error dropped, when it made none.
+inline Ref orNothing(PyObject* made) noexcept {
+    if (made == nullptr) {
+        PyErr_Clear();
+    }
+    return Ref::steal(made);
+}
+
+/// The same where Python code may have run: KeyboardInterrupt is thrown.
+inline Ref orNothingUnlessInterrupted(PyObject* made) {
+    if (made == nullptr && PyErr_Occurred() != nullptr && PyErr_ExceptionMatches(PyExc_KeyboardInterrupt) != 0) {
+        throwPythonError();
+    }
+    return orNothing(made);
 }
 
 /// Lets signal handlers run, so that Ctrl-C ends a long walk; does nothing outside the main thread.

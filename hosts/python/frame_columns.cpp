@@ -28,13 +28,8 @@ std::string_view classNameOf(PyObject* object) {
     return ClassRegistry::instance().objectOf(Py_TYPE(object)).getID().view();
 }
 
-Ref storedItem(PyObject* object, const char* name) {
-    const Ref key = Ref::steal(makeText(name));
-    return Ref::share(key ? findItem(instanceDictionary(object), key.get()) : nullptr);
-}
-
 Ref cachedColumn(PyObject* frame, PyObject* name) {
-    const Ref cache = storedItem(frame, "_item_cache");
+    const Ref cache = Ref::share(storedAttribute(frame, "_item_cache"));
     PyObject* column = cache && PyDict_CheckExact(cache.get()) ? findItem(cache.get(), name) : nullptr;
     const bool isColumn = column != nullptr && classNameOf(column) == "pandas.core.series.Series";
     return Ref::share(isColumn ? column : nullptr);
@@ -58,7 +53,8 @@ bool makesOwnSeries() {
 
 /// Whether the labels of a plain axis are all plain texts, of which exactly one is the name.
 bool isOnlyLabel(PyObject* axis, PyObject* name) {
-    const Ref labels = classNameOf(axis) == "pandas.core.indexes.base.Index" ? storedItem(axis, "_data") : Ref();
+    const Ref labels =
+        Ref::share(classNameOf(axis) == "pandas.core.indexes.base.Index" ? storedAttribute(axis, "_data") : nullptr);
     const std::size_t count = labels ? numpyLengthOf(labels.get()) : 0;
     std::size_t found = 0;
     for (std::size_t index = 0; index < count && count <= labelLimit; ++index) {
@@ -92,11 +88,7 @@ Ref compiledAttribute(PyObject* object, const char* name, Classes classes) {
     if (!isKnown) {
         return {};
     }
-    Ref value = Ref::steal(Py_TYPE(attribute.value)->tp_descr_get(attribute.value, object, asObject(Py_TYPE(object))));
-    if (!value) {
-        PyErr_Clear();
-    }
-    return value;
+    return orNothing(Py_TYPE(attribute.value)->tp_descr_get(attribute.value, object, asObject(Py_TYPE(object))));
 }
 
 /// Columns of types that a user added are handled by that user's code.
@@ -123,18 +115,6 @@ bool isStoredPlainly(PyObject* frame) {
 /// Whoever traces the program would see the library's code run.
 bool isTraced() { return PyThreadState_Get()->cframe->use_tracing != 0; }
 
-Ref call(PyObject* reader, PyObject* frame, PyObject* name) {
-    Ref column = Ref::steal(PyObject_CallFunctionObjArgs(reader, frame, name, nullptr));
-    if (column) {
-        return column;
-    }
-    if (PyErr_ExceptionMatches(PyExc_KeyboardInterrupt) != 0) {
-        throwPythonError();
-    }
-    PyErr_Clear();
-    return {};
-}
-
 }  // namespace
 
 Ref readFrameColumn(PyObject* frame, PyObject* name) {
@@ -147,7 +127,10 @@ Ref readFrameColumn(PyObject* frame, PyObject* name) {
     const Ref reader = ownFunction(Py_TYPE(frame), "__getitem__", "pandas.core.frame");
     const Ref axes = reader && makesOwnSeries() && !isTraced() ? axesOf(frame) : Ref();
     const bool isSafe = axes && isOnlyLabel(PyList_GET_ITEM(axes.get(), 0), name) && isStoredPlainly(frame);
-    return isSafe ? call(reader.get(), frame, name) : Ref();
+    if (!isSafe) {
+        return {};
+    }
+    return orNothingUnlessInterrupted(PyObject_CallFunctionObjArgs(reader.get(), frame, name, nullptr));
 }
 
 }  // namespace python_host

@@ -8,26 +8,15 @@ namespace python_host {
 
 namespace {
 
-/// An interrupt is passed on, any other error is no value.
-Ref orNothing(PyObject* made) {
-    if (made != nullptr) {
-        return Ref::steal(made);
-    }
-    if (PyErr_Occurred() != nullptr && PyErr_ExceptionMatches(PyExc_KeyboardInterrupt) != 0) {
-        throwPythonError();
-    }
-    PyErr_Clear();
-    return {};
-}
-
 Ref compile(const std::string& text) {
     PyCompilerFlags flags = {PyCF_SOURCE_IS_UTF8 | PyCF_IGNORE_COOKIE, PY_MINOR_VERSION};
     constexpr int sessionsLevel = -1;
-    return orNothing(Py_CompileStringExFlags(text.c_str(), "<completion>", Py_eval_input, &flags, sessionsLevel));
+    return orNothingUnlessInterrupted(
+        Py_CompileStringExFlags(text.c_str(), "<completion>", Py_eval_input, &flags, sessionsLevel));
 }
 
 Ref orEmptyDictionary(const Ref& dictionary) {
-    return dictionary && PyDict_Check(dictionary.get()) ? dictionary : orNothing(PyDict_New());
+    return dictionary && PyDict_Check(dictionary.get()) ? dictionary : orNothingUnlessInterrupted(PyDict_New());
 }
 
 }  // namespace
@@ -43,7 +32,7 @@ Ref evaluateFully(const std::string& text, const Workspace& workspace) {
     // A workspace of one dictionary is its own globals.
     const Ref globals = orEmptyDictionary(workspace.globals ? workspace.globals : workspace.locals);
     const Ref locals = workspace.locals ? workspace.locals : globals;
-    return globals ? orNothing(PyEval_EvalCode(code.get(), globals.get(), locals.get())) : Ref();
+    return globals ? orNothingUnlessInterrupted(PyEval_EvalCode(code.get(), globals.get(), locals.get())) : Ref();
 }
 
 }  // namespace python_host

@@ -2,6 +2,7 @@
 
 #include "hosts/python/constant_keys.h"
 #include "hosts/python/dictionaries.h"
+#include "hosts/python/errors.h"
 #include "hosts/python/live_modules.h"
 #include "hosts/python/property_access.h"
 #include "hosts/python/python_text.h"
@@ -26,13 +27,6 @@ public:
 private:
     bool wasOn_;
 };
-
-Ref orNothing(PyObject* made) {
-    if (made == nullptr) {
-        PyErr_Clear();
-    }
-    return Ref::steal(made);
-}
 
 class Evaluator {
 public:

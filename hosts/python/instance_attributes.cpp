@@ -5,12 +5,18 @@
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/interning.h"
 #include "hosts/python/python_text.h"
+#include "hosts/python/references.h"
 
 namespace python_host {
 
 PyObject* instanceDictionary(PyObject* object) noexcept {
     PyObject** dictionary = _PyObject_GetDictPtr(object);
     return dictionary == nullptr ? nullptr : *dictionary;
+}
+
+PyObject* storedAttribute(PyObject* object, const char* name) {
+    const Ref key = Ref::steal(makeText(name));
+    return key ? findItem(instanceDictionary(object), key.get()) : nullptr;
 }
 
 void appendPublicKeys(PyObject* dictionary, UniqueNameList& names) {

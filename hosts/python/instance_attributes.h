@@ -11,6 +11,9 @@ namespace python_host {
 /// The dictionary of an object's own attributes, borrowed; null when it has none. No attribute is asked.
 PyObject* instanceDictionary(PyObject* object) noexcept;
 
+/// One of them by its name, borrowed; null when the object does not carry it.
+PyObject* storedAttribute(PyObject* object, const char* name);
+
 /// Adds the keys of a dictionary that are public identifiers.
 void appendPublicKeys(PyObject* dictionary, UniqueNameList& names);
 

@@ -33,18 +33,9 @@ Ref bridgeFunction(const char* name) {
     return isItself ? Ref::share(found) : Ref();
 }
 
-/// Nothing instead of an error, save for the interrupt.
-Ref orNothing(PyObject* result) {
-    if (result == nullptr && PyErr_ExceptionMatches(PyExc_KeyboardInterrupt) != 0) {
-        throwPythonError();
-    }
-    PyErr_Clear();
-    return Ref::steal(result);
-}
-
 bool isMachineRunning() {
     const Ref isStarted = bridgeFunction("isStarted");
-    const Ref answer = isStarted ? orNothing(PyObject_CallNoArgs(isStarted.get())) : Ref();
+    const Ref answer = isStarted ? orNothingUnlessInterrupted(PyObject_CallNoArgs(isStarted.get())) : Ref();
     return answer.get() == Py_True;
 }
 
@@ -53,7 +44,7 @@ Ref subclassesOf(PyTypeObject* type) {
     static PyObject* const name = PyUnicode_InternFromString("__subclasses__");
     PyObject* method = findItem(PyType_Type.tp_dict, name);
     const bool isItself = method != nullptr && Py_TYPE(method) == &PyMethodDescr_Type;
-    return isItself ? orNothing(PyObject_CallOneArg(method, asObject(type))) : Ref();
+    return isItself ? orNothingUnlessInterrupted(PyObject_CallOneArg(method, asObject(type))) : Ref();
 }
 
 /// Looks among the classes that exist below a class.
@@ -111,7 +102,7 @@ bool looksLikePlatformClass(std::string_view name) {
 Ref loadPlatformClass(std::string_view name) {
     const Ref load = bridgeFunction("_getClass");
     const Ref text = Ref::steal(makeText(name));
-    Ref cls = load && text ? orNothing(PyObject_CallOneArg(load.get(), text.get())) : Ref();
+    Ref cls = load && text ? orNothingUnlessInterrupted(PyObject_CallOneArg(load.get(), text.get())) : Ref();
     return cls && PyType_Check(cls.get()) && isJavaClass(asType(cls.get())) ? cls : Ref();
 }
 

@@ -10,6 +10,7 @@
 #include "hosts/python/callables.h"
 #include "hosts/python/class_registry.h"
 #include "hosts/python/dictionaries.h"
+#include "hosts/python/errors.h"
 #include "hosts/python/instance_attributes.h"
 #include "hosts/python/labels.h"
 #include "hosts/python/numpy_values.h"
@@ -25,11 +26,7 @@ bool contains(Names names, std::string_view name) { return std::find(names.begin
 
 /// The value of a getter in C that is on the list.
 Ref callGetter(PyObject* object, PyObject* descriptor) {
-    Ref value = Ref::steal(Py_TYPE(descriptor)->tp_descr_get(descriptor, object, asObject(Py_TYPE(object))));
-    if (!value) {
-        PyErr_Clear();
-    }
-    return value;
+    return orNothing(Py_TYPE(descriptor)->tp_descr_get(descriptor, object, asObject(Py_TYPE(object))));
 }
 
 bool isKnownNumberGetter(const PyTypeObject* type, std::string_view name) {

@@ -46,19 +46,14 @@ Ref managerAxes(PyObject* manager) {
     return Ref::share(findItem(instanceDictionary(manager), keys().axes));
 }
 
-PyObject* storedItem(PyObject* object, const char* name) {
-    const Ref key = Ref::steal(makeText(name));
-    return key ? findItem(instanceDictionary(object), key.get()) : nullptr;
-}
-
 /// The labels of an axis as an array of objects; null when they are anything else. An axis of several levels offers
 /// those of the first.
 PyObject* labelArray(PyObject* axis) {
-    PyObject* levels = storedItem(axis, "_levels");
+    PyObject* levels = storedAttribute(axis, "_levels");
     if (levels != nullptr && PyList_Check(levels) && PyList_GET_SIZE(levels) > 0) {
         return labelArray(PyList_GET_ITEM(levels, 0));
     }
-    return storedItem(axis, "_data");
+    return storedAttribute(axis, "_data");
 }
 
 }  // namespace

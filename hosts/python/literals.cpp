@@ -1,4 +1,5 @@
 #include "hosts/python/literals.h"
+#include "hosts/python/errors.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,13 +12,6 @@ namespace {
 
 /// No number of a person's has so many digits, and reading one takes time by the square of them.
 constexpr std::size_t digitLimit = 400;
-
-Ref orNothing(PyObject* made) {
-    if (made == nullptr) {
-        PyErr_Clear();
-    }
-    return Ref::steal(made);
-}
 
 bool isBasePrefix(const TextCursor& cursor) {
     return cursor.peek() == '0' && std::string_view("xXoObB").find(cursor.peek(1)) != std::string_view::npos;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hosts/python/constant_keys.h"
+#include "hosts/python/errors.h"
 #include "hosts/python/frame_columns.h"
 #include "hosts/python/numpy_values.h"
 
@@ -17,13 +18,6 @@ struct ProxyLayout {
 
 /// A slice of a container copies; beyond so many elements it would be felt.
 constexpr Py_ssize_t copyLimit = 100'000;
-
-Ref orNothing(PyObject* made) {
-    if (made == nullptr) {
-        PyErr_Clear();
-    }
-    return Ref::steal(made);
-}
 
 bool isWhole(PyObject* object) { return PyLong_CheckExact(object); }
 
