@@ -4,8 +4,8 @@
 For every object: the median and the 95th percentile of a warm completion after its dot, the names returned, and
 whether user code ran while names were merely listed. Only ratios within one run mean anything; --check fails the run
 when a goal is missed: five times faster than the fastest peer, never slower than dir(), no public member of dir()
-left out, no user code run. At the end, a class described, ten times faster than its names and signatures are asked of
-jedi.
+left out, no user code run. Then texts that end in no member: modules, keys, arguments, and members of an element. At
+the end, a class described, ten times faster than its names and signatures are asked of jedi.
 """
 
 import argparse
@@ -27,6 +27,7 @@ import contextdata
 
 SPEED_GOAL = 5.0
 DESCRIBE_GOAL = 10.0
+OTHER_TEXTS = ("import nump", 'd["', "f(", "s[2].")
 ran_user_code = []
 
 
@@ -175,6 +176,36 @@ def public_names(value):
     return names
 
 
+def other_namespace():
+    """Variables for texts that end in no member; the element has a property that tells when it runs."""
+    def f(alpha, beta=1, *, gamma=2):
+        return ran_user_code.append(f)
+
+    return {"d": {f"key{number}": number for number in range(100)}, "f": f, "s": [1, 2, Colour.RED]}
+
+
+def compare_other_texts(seconds):
+    """Prints the times for texts that end in no member; the answer is what was missed."""
+    namespace = other_namespace()
+    ours, *peers = Ours(namespace), Shell(namespace, False), Shell(namespace, True), Jedi(namespace)
+    missed = []
+    for text in OTHER_TEXTS:
+        medians = {}
+        for tool in (ours, *peers):
+            ran_user_code.clear()
+            names = tool.names(text)
+            ran = "ran" if ran_user_code else "-"
+            medians[tool.name] = statistics.median(timed(lambda: tool.run(text), seconds))
+            print(f"{text:11} {tool.name:13} {medians[tool.name] * 1e6:10.1f} {len(set(names)):6} "
+                  f"{medians[tool.name] / medians[ours.name]:9.1f}  {ran}", flush=True)
+            if tool is ours and (ran_user_code or not names):
+                missed.append(f"{text} ran user code or offered nothing")
+        fastest = min(medians[tool.name] for tool in peers)
+        if fastest < medians[ours.name]:
+            missed.append(f"{text} takes {medians[ours.name] / fastest:.1f} times as long as the fastest peer")
+    return missed
+
+
 def names_and_signatures():
     """What jedi tells of the class that is described: its names with their signatures."""
     found = jedi.Interpreter("DataFrame.", [{"DataFrame": pandas.DataFrame}]).complete()
@@ -245,6 +276,8 @@ def main():
             missed.append(f"{text} is {fastest / ours:.1f} times faster than the fastest peer, goal {SPEED_GOAL}")
         if listing < ours:
             missed.append(f"{text} takes {ours / listing:.2f} times as long as dir() alone")
+    print(f"\n{'text':11} {'tool':13} {'median us':>10} {'names':>6} {'x ours':>9}  user code")
+    missed += compare_other_texts(arguments.seconds)
     missed += compare_descriptions(arguments.seconds)
     for line in missed:
         print("missed:", line)

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "frontends/completion/item.h"
+#include "frontends/completion/language.h"
 #include "frontends/completion/parse.h"
 #include "frontends/completion/subject.h"
 
@@ -20,6 +21,8 @@ struct Request {
     std::u16string file;       ///< the file that the text is from; empty at a prompt
     /// The class in whose code the text stands; null for none. It is offered what only insiders may use as well.
     ZELKContextData::ResolvedClassID asker = {};
+    /// Outlives the call.
+    const Language& language = plainLanguage();
 };
 
 struct Completions {
@@ -29,8 +32,19 @@ struct Completions {
     Items items;
 };
 
-/// What may follow the text up to the cursor, sorted by name. Nothing of the text is run. Interpreter thread; the
-/// interrupt passes, and a source that the host fails at contributes nothing.
+/// What may stand at the cursor, sorted by name. Interpreter thread; the interrupt passes, and a source that the host
+/// fails at contributes nothing.
+///
+/// Chains with constant subscripts, and the functions that calls name, are looked up in the host's current workspace,
+/// by the rules that the host evaluates by; all else of the text is not evaluated at all. A front end whose variables
+/// are not the host's makes them so for the call.
 Completions complete(const Request& request, Workspace& workspace);
+
+/// The part of what was typed that a chosen name replaces: of a path what follows the last folder, else the fragment.
+std::u16string_view typedName(const ParsedText& parsed) noexcept;
+
+/// The same for a text that was parsed: all that begins with what was typed, whatever is wanted. Empty where nothing
+/// is.
+Items itemsFor(const ParsedText& parsed, const Request& request, Workspace& workspace);
 
 }  // namespace contextdata::completion

@@ -19,10 +19,14 @@ enum class Kind {
     function,
     space,  ///< a namespace
     field,
+    key,       ///< of a value with subscripts, as it is written in a string
+    argument,  ///< with the mark that a value follows
+    file,
+    folder,  ///< with the mark that divides folders
 };
 
 /// The number of kinds, for tables that are indexed by kind.
-inline constexpr std::size_t kindCount = static_cast<std::size_t>(Kind::field) + 1;
+inline constexpr std::size_t kindCount = static_cast<std::size_t>(Kind::folder) + 1;
 
 /// The word that people read for a kind ("static method", "namespace", ...). Permanent, zero-terminated.
 const char* textOf(Kind kind) noexcept;

@@ -12,4 +12,7 @@ namespace contextdata::completion {
 /// fails at contributes nothing.
 Items membersOfNamespace(const std::u16string& name);
 
+/// The inner namespaces alone.
+Items innerNamespaces(const std::u16string& name);
+
 }  // namespace contextdata::completion

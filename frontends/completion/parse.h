@@ -1,4 +1,4 @@
-// What the text up to the cursor asks for: a chain of names and the fragment that follows its last dot.
+// What the text up to the cursor asks for: what a chain of names leads to, a module, a key, an argument, a file.
 #pragma once
 
 #include <cstddef>
@@ -21,15 +21,38 @@ enum class Refusal {
 /// A phrase for people ("in a string"); empty for `none`. Permanent, zero-terminated.
 const char* textOf(Refusal refusal) noexcept;
 
+/// What may stand at the cursor.
+enum class Wanted {
+    nothing,
+    members,              ///< what follows the chain and a dot
+    membersOfExpression,  ///< what follows the value of `expression` and a dot
+    modules,              ///< the modules in the one that the chain names, or outermost ones when it is empty
+    importedNames,        ///< what code may take from the module that the chain names
+    keys,                 ///< the keys of the value of `expression`, or of the chain
+    arguments,            ///< the names of arguments in a call of the chain
+    files,                ///< what lies in a folder
+};
+
 struct ParsedText {
+    /// Why no plain chain of names ends at the cursor. Something else than members may be wanted there even so.
     Refusal refusal = Refusal::noDot;
-    /// The names before the last dot, never empty unless refused. They point into the text that was parsed.
+    Wanted wanted = Wanted::nothing;
+    /// The names before the last dot, never empty unless refused; where something else is wanted, see there. They
+    /// point into the text that was parsed.
     std::vector<std::u16string_view> chain;
-    /// What was typed after the last dot up to the cursor; perhaps empty. Points into the text.
+    /// What was typed of the wanted name up to the cursor; perhaps empty. Points into the text. Of a key or file it is
+    /// the text as it stands in the string, escapes and folders included.
     std::u16string_view fragment;
     /// The range that a chosen name replaces, in UTF-16 units: from the fragment's start to the cursor.
     std::size_t start = 0;
     std::size_t end = 0;
+    /// A chain of names with constant subscripts, whose value has the members or keys. Empty where the chain says all.
+    std::u16string_view expression;
+    /// The mark that opened the string of a key or file.
+    char16_t quote = 0;
+    /// What stands in the call before the cursor: names of arguments, and how many arguments go by their position.
+    std::vector<std::u16string_view> given;
+    std::size_t positions = 0;
 };
 
 /// Reads the text from its start to `cursor` (UTF-16 units; beyond the end means the end) and never looks further.

@@ -13,15 +13,6 @@ using ZELKContextData::ResolvedClassID;
 
 namespace {
 
-std::u16string dotted(std::span<const std::u16string_view> chain) {
-    std::u16string name(chain.front());
-    for (const std::u16string_view segment : chain.subspan(1)) {
-        name += u'.';
-        name += segment;
-    }
-    return name;
-}
-
 bool isDefined(const ResolvedClassID& id) {
     zelk::COSClass* cls = ZELKIntrospection::getCOSClass(id);
     return cls != nullptr && unlessItFails([&] { return cls->getDefinition(false) != nullptr; });
@@ -33,6 +24,15 @@ ResolvedClassID knownClass(const std::u16string& name) {
 }
 
 }  // namespace
+
+std::u16string dotted(std::span<const std::u16string_view> chain) {
+    std::u16string name;
+    for (const std::u16string_view segment : chain) {
+        name += name.empty() ? u"" : u".";
+        name += segment;
+    }
+    return name;
+}
 
 qxSharedArray follow(qxSharedArray root, std::span<const std::u16string_view> segments) {
     for (const std::u16string_view segment : segments) {
@@ -78,6 +78,11 @@ Subject named(std::span<const std::u16string_view> chain, const std::u16string& 
         subject.space = name;
     }
     return subject;
+}
+
+qxSharedArray valueAt(std::span<const std::u16string_view> chain, Workspace& workspace) {
+    qxSharedArray root = unlessItFails([&] { return workspace.find(std::u16string(chain.front())); });
+    return follow(std::move(root), chain.subspan(1));
 }
 
 Subject resolve(std::span<const std::u16string_view> chain, const std::u16string& contextFile, Workspace& workspace) {

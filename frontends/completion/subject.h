@@ -18,6 +18,9 @@ public:
     virtual qxSharedArray find(const std::u16string& name) = 0;
 };
 
+/// The names of a chain with dots between them.
+std::u16string dotted(std::span<const std::u16string_view> chain);
+
 struct Subject {
     enum class Nature {
         nothing,      ///< the chain leads nowhere, or was refused on the way
@@ -44,6 +47,8 @@ Subject resolve(std::span<const std::u16string_view> chain, const std::u16string
 ///
 /// `follow` reads one property after the other; empty as soon as one is refused.
 qxSharedArray follow(qxSharedArray root, std::span<const std::u16string_view> segments);
+/// `valueAt` begins with a variable; empty when there is none, or when a property is refused.
+qxSharedArray valueAt(std::span<const std::u16string_view> chain, Workspace& workspace);
 /// `describe` asks a value, which may be empty, whether it denotes a class or a namespace.
 Subject describe(qxSharedArray value);
 /// `named` takes a chain for the name of a class or namespace.

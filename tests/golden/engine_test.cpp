@@ -97,7 +97,7 @@ TEST_F(Engine, theInterruptPassesOutOfEveryStepThatCanRunForLong) {
 
 TEST_F(Engine, aRefusedTextAsksTheHostNothing) {
     journal().clear();
-    for (const char16_t* text : {u"'account.", u"# account.", u"account", u"1.", u"account().", u"account..", u""}) {
+    for (const char16_t* text : {u"f'account.", u"# account.", u"account", u"1.", u"account().", u"account..", u""}) {
         EXPECT_THAT(offered(text), IsEmpty());
     }
     EXPECT_THAT(journal().calls(), IsEmpty());

@@ -4,6 +4,7 @@
 
 #include "contextdata/values.h"
 #include "tests/golden/access_worlds.h"
+#include "tests/golden/desk_world.h"
 
 namespace golden {
 
@@ -21,6 +22,18 @@ const qxArray* GoldenWorld::variable(std::u16string_view name, qxUniqueArray val
 
 void GoldenWorld::answers(const qxArray* value, std::string_view question, Names names) {
     answers_.insert_or_assign({value, std::string(question)}, std::move(names));
+}
+
+void GoldenWorld::evaluates(std::u16string_view expression, std::function<qxUniqueArray()> make) {
+    expressions_.insert_or_assign(std::u16string(expression), std::move(make));
+    world_.evaluatedBy([this](const memory_host::Evaluation& asked, qxArray** outputs) {
+        const auto found = expressions_.find(asked.expression);
+        if (found == expressions_.end()) {
+            return static_cast<inExecutionStatus>(1);
+        }
+        outputs[0] = found->second().release();
+        return inExecutionStatus::success;
+    });
 }
 
 qxSharedArray GoldenWorld::find(const std::u16string& name) {
@@ -173,6 +186,8 @@ bool build(GoldenWorld& world, std::string_view name) {
         buildVaults(world);
     } else if (name == "shapes") {
         buildShapes(world);
+    } else if (name == "desk") {
+        buildDesk(world);
     } else {
         return false;
     }

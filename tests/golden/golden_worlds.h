@@ -1,6 +1,7 @@
 // The worlds that golden files name: classes, namespaces and variables on the in-memory host.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -27,6 +28,9 @@ public:
     /// What a value answers to a question; it fails at all others.
     void answers(const qxArray* value, std::string_view question, Names names);
 
+    /// What the host's evaluator makes of an expression; it fails at all others once there is one.
+    void evaluates(std::u16string_view expression, std::function<qxUniqueArray()> make);
+
     qxSharedArray find(const std::u16string& name) override;
 
 private:
@@ -35,6 +39,7 @@ private:
     memory_host::World world_;
     std::map<std::u16string, qxSharedArray, std::less<>> variables_;
     std::map<std::pair<const qxArray*, std::string>, Names> answers_;
+    std::map<std::u16string, std::function<qxUniqueArray()>, std::less<>> expressions_;
 };
 
 /// Fills a world of a golden file's choice; false when there is no world of that name.

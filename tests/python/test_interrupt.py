@@ -64,3 +64,9 @@ def test_completion_works_on_other_threads():
     thread.start()
     thread.join()
     assert "conjugate" in found
+
+
+@pytest.mark.parametrize("text", ["items[0].", "x[0]['k']."])
+def test_an_interrupt_while_an_element_is_asked_comes_out(text):
+    with pytest.raises(KeyboardInterrupt):
+        names(text, items=[Interrupted()], x=[{"k": Interrupted()}])

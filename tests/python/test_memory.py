@@ -29,9 +29,10 @@ def resident_bytes():
 
 
 NAMESPACE = {"thing": Thing(), "Thing": Thing, "numpy": numpy, "array": numpy.zeros(3), "text": "x",
-             "frame": pandas.DataFrame({"a": [1]})}  # fmt: skip
+             "items": [1, 1j], "table": {"k": 1j}, "frame": pandas.DataFrame({"a": [1]})}  # fmt: skip
 TEXTS = ["thing.", "thing.me", "thing.inner.value.", "Thing.", "numpy.linalg.", "array.T.", "text.", "missing.",
-         "thing.missing.", "'thing.", "1.", "numpy.zer", "κ.", "dict."]  # fmt: skip
+         "thing.missing.", "f'thing.", "1.", "numpy.zer", "κ.", "dict.", "items[1].", "items[5].", "table['k'].re",
+         "table['", "thing.method(", "numpy.linspace(1, en", "from decimal import "]  # fmt: skip
 
 
 def complete_all(times):
@@ -151,3 +152,18 @@ def test_reference_counts_stay():
         contextdata.members(thing)
     after = sys.getrefcount(thing), sys.getrefcount(namespace), sys.getrefcount(None)
     assert before[:2] == after[:2] and abs(after[2] - before[2]) < 50
+
+
+def test_modules_and_files_leave_nothing_behind():
+    def complete_both(times):
+        for _ in range(times):
+            contextdata.complete("import ")
+            contextdata.complete("import numpy.")
+            contextdata.complete("open('/usr/")
+
+    complete_both(20)
+    gc.collect()
+    before = sys.getallocatedblocks()
+    complete_both(300)
+    gc.collect()
+    assert sys.getallocatedblocks() - before < 200

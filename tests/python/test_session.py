@@ -86,3 +86,17 @@ def test_the_demonstration_shows_names_and_runs_no_property():
     assert "groupby (method)" in run.stdout
     assert "height (property)" in run.stdout
     assert "the property ran" not in run.stdout
+
+
+def test_keys_arguments_modules_and_files_complete_the_word(tmp_path, monkeypatch):
+    def draw(where, colour=None):
+        pass
+
+    (tmp_path / "my notes.txt").write_text("x")
+    monkeypatch.chdir(tmp_path)
+    prompt = PromptCompleter({"d": {"key": 1, "two words": 2}, "draw": draw, "colours": 1})
+    assert prompt.matches('d["ke', 3) == ["key"]
+    assert prompt.matches('d["two wo', 7) == ["words"]
+    assert prompt.matches("import antigrav", 7) == ["antigravity"]
+    assert prompt.matches("draw(1, co", 8)[:2] == ["colour=", "colours"]
+    assert prompt.matches("open('my no", 9) == ["notes.txt"]

@@ -12,6 +12,7 @@ examples:
   python3 -m contextdata complete 'import decimal; decimal.Dec'
   python3 -m contextdata members pathlib.Path --json
   python3 -m contextdata describe 'import pandas as pd; pd.DataFrame'
+  python3 -m contextdata what '' packages
 """
 
 
@@ -29,15 +30,15 @@ def _columns(text: str) -> int:
 
 
 def read_arguments(arguments: list[str]) -> argparse.Namespace:
-    """Reads the arguments: `command`, `json`, and `text`, `name`, or `subject` and `width`. Ends the program on --help
-    and on mistakes."""
+    """Reads the arguments: `command`, `json`, and `text`, `name`, `subject` and `width`, or `folder` and `kind`. Ends
+    the program on --help and on mistakes."""
     parser = _OneLineParser(
         prog="python3 -m contextdata",
         description=_DESCRIPTION,
         epilog=_EPILOG,
         formatter_class=argparse.RawDescriptionHelpFormatter,
     )
-    commands = parser.add_subparsers(dest="command", required=True, metavar="{complete,members,describe}")
+    commands = parser.add_subparsers(dest="command", required=True, metavar="{complete,members,describe,what}")
 
     complete = commands.add_parser(
         "complete",
@@ -69,6 +70,14 @@ def read_arguments(arguments: list[str]) -> argparse.Namespace:
         "--width", type=_columns, metavar="N", help="cut lines to N columns; else those of the terminal, if it is one"
     )
 
-    for command in (complete, members, describe):
+    what = commands.add_parser(
+        "what",
+        help="what lies in a folder",
+        description="Lists the entries of one kind in every folder of the search path, sys.path, that FOLDER names.",
+    )
+    what.add_argument("folder", metavar="FOLDER", help="the name of a folder on the search path; '' for the working folder")
+    what.add_argument("kind", metavar="KIND", help="classes, packages, .k or .qxe")
+
+    for command in (complete, members, describe, what):
         command.add_argument("--json", action="store_true", help="print one JSON text instead of columns")
     return parser.parse_args(arguments)

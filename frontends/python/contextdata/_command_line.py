@@ -11,11 +11,12 @@ from collections.abc import Sequence
 
 from contextdata import Completion, complete, describe
 from contextdata._arguments import read_arguments
-from contextdata._native import explain
+from contextdata._native import explain, what
 from contextdata._statements import split_statements
 
 _FAILED = 2
 _INTERRUPTED = 130
+_KINDS_OF_ENTRIES = ("classes", "packages", ".k", ".qxe")
 
 
 class CommandError(Exception):
@@ -217,4 +218,19 @@ def _table(completions: Sequence[Completion]) -> str:
     return "".join(lines)
 
 
-_ANSWERS = {"complete": _complete, "members": _members, "describe": _describe_class}
+def _list_folder(options, _) -> str:
+    if options.kind not in _KINDS_OF_ENTRIES:
+        kinds = ", ".join(_KINDS_OF_ENTRIES)
+        raise CommandError(f"there is no kind '{options.kind}'; the kinds are {kinds}")
+    try:
+        names = what(options.folder, options.kind)
+    except UnicodeError:
+        names = None
+    if names is None:
+        raise CommandError(
+            f"there is no folder '{options.folder}' on the search path; correct the name or add its parent to PYTHONPATH"
+        )
+    return _json(names) if options.json else "".join(name + "\n" for name in names)
+
+
+_ANSWERS = {"complete": _complete, "members": _members, "describe": _describe_class, "what": _list_folder}

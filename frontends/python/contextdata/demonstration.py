@@ -8,7 +8,8 @@ import pandas
 
 from contextdata import complete, describe
 
-_TEXTS = ("df.gro", "df.he", "df.index.is_mono", "a.cum", "np.linalg.ei", "pd.DataFrame.from_", "account.")
+_TEXTS = ("df.gro", "df.he", "df.index.is_mono", "a.cum", "np.linalg.ei", "pd.DataFrame.from_", "account.",
+          "import numpy.li", "np.linspace(0, 1, ", "prices['", "accounts[0].")
 _SHOWN = 5
 _WIDTH = 100
 
@@ -39,6 +40,8 @@ def main():
         "a": numpy.arange(6.0),
         "df": pandas.DataFrame({"city": ["Oslo"], "height": [23]}),
         "account": Account(),
+        "accounts": [Account()],
+        "prices": {"bread": 3, "a cup of tea": 2},
     }
     for text in _TEXTS:
         found, microseconds = _timed(lambda text=text: complete(text, namespace=namespace))

@@ -34,10 +34,12 @@ class PromptCompleter:
     def matches(self, line, begin):
         """What may stand for the word that begins at `begin`, the last one of the line."""
         word = line[begin:]
-        if "." not in word:
-            return sorted(name for name in self._names() if word and name.startswith(word))
         found = complete(line, namespace=self._namespace)
-        return [line[begin : found.start] + item.name for item in found]
+        # A key may begin before the word, which ends at blanks and quotes.
+        matches = [(line[begin : found.start] + item.name)[max(0, begin - found.start) :] for item in found]
+        if "." in word or any(item.kind != "argument" for item in found):
+            return matches
+        return matches + sorted(name for name in self._names() if word and name.startswith(word))
 
     def _names(self):
         names = {name for name in (*self._namespace, *vars(builtins)) if isinstance(name, str)}

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "frontends/completion/subject.h"
 #include "frontends/completion/value_members.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/variables.h"
@@ -48,6 +49,19 @@ Items membersOfModule(const qxSharedArray& value, PyObject* module) {
     });
     // The namespace knows better than the bare value what a name is, so its word comes first.
     return merged(withoutPrivateModules(std::move(listed)), bindingsOf(dictionary));
+}
+
+Items boundNames(std::span<const std::u16string_view> module, std::u16string_view prefix) {
+    PyObject* modules = PyImport_GetModuleDict();
+    PyObject* loaded =
+        modules != nullptr && PyDict_CheckExact(modules) ? findName(modules, completion::dotted(module)) : nullptr;
+    if (loaded == nullptr || !PyModule_Check(loaded)) {
+        return {};
+    }
+    const auto keep = pybind11::reinterpret_borrow<pybind11::object>(loaded);
+    Items bound = bindingsOf(PyModule_GetDict(keep.ptr()));
+    std::erase_if(bound, [prefix](const Item& item) { return !item.name.starts_with(prefix); });
+    return bound;
 }
 
 Items withoutPrivateModules(Items items) {

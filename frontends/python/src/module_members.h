@@ -3,6 +3,9 @@
 
 #include <pybind11/pybind11.h>
 
+#include <span>
+#include <string_view>
+
 #include "frontends/completion/item.h"
 #include "host/array_library.h"
 
@@ -17,5 +20,9 @@ completion::Items membersOfModule(const qxSharedArray& value, PyObject* module);
 
 /// Leaves the modules out that custom calls private: the class system knows no access of namespaces.
 completion::Items withoutPrivateModules(completion::Items items);
+
+/// The public names, all beginning with `prefix`, that the loaded module of a dotted name binds; none when no module is
+/// loaded under it. Imports nothing.
+completion::Items boundNames(std::span<const std::u16string_view> module, std::u16string_view prefix);
 
 }  // namespace contextdata::python

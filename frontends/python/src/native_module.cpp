@@ -7,6 +7,7 @@
 #include "frontends/python/src/describe.h"
 #include "frontends/python/src/listing_cache.h"
 #include "frontends/python/src/results.h"
+#include "frontends/python/src/what.h"
 #include "host/exceptions.h"
 #include "hosts/python/python_host.h"
 
@@ -17,8 +18,12 @@ namespace {
 constexpr const char* completeDocumentation =
     "complete(text, cursor=None, namespace=None, *, inside=None)\n--\n\n"
     "Says which names may follow the text up to the cursor.\n\n"
+    "After a dot these are the members of what stands before it, a chain of names that may have constant\n"
+    "subscripts: s[2]., d['k'].x. After 'import' and 'from' they are modules and what modules hold, at the start\n"
+    "of an argument the arguments that the call may name, in x[\" the keys of x, and in other strings files and\n"
+    "folders.\n\n"
     "The text is read, never run: neither are the properties, descriptors and hooks of the objects it\n"
-    "names; only an object's own __dir__ is asked, when its class has one.\n\n"
+    "names; only an object's own __dir__ is asked, when its class has one. Nothing is imported.\n\n"
     "text: a str, from the start of a cell or line.\n"
     "cursor: a position in code points; the end of the text when left out.\n"
     "namespace: the plain dict of the names that the text can use, before the built-in ones; that of\n"
@@ -27,8 +32,8 @@ constexpr const char* completeDocumentation =
     "names as well, as they are typed there (__name), and what it and its superclasses keep to themselves\n"
     "(_name). When left out while a watched pdb is stopped in a method, the method's class; private names are\n"
     "then spelled as they are stored, which is what pdb understands.\n\n"
-    "The answer is a Completions, which is empty when nothing may follow: in strings and comments, after\n"
-    "what would have to be evaluated first, and where there is no dot.";
+    "The answer is a Completions, which is empty when nothing may follow: in comments, in strings that begin\n"
+    "with a prefix or three quotes, after what would have to be evaluated first, and where a plain name stands.";
 
 constexpr const char* membersDocumentation =
     "members(object, /)\n--\n\n"
@@ -59,6 +64,8 @@ PYBIND11_MODULE(_native, module) {
                "Says why a text offers nothing: (reason, names of the chain, how many of them could be followed).");
     module.def("describe", &describe, pybind11::arg("subject"), pybind11::arg("namespace"), pybind11::arg("hidden"),
                "Describes a class or an object: (module, file, description, own attributes).");
+    module.def("what", &what, pybind11::arg("folder"), pybind11::arg("kind"),
+               "Lists the entries of one kind in a folder; None when the folder is found nowhere.");
     module.def(
         "set_stopped_debugger",
         [](const pybind11::object& debugger) {

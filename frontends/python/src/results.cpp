@@ -86,10 +86,10 @@ PyType_Spec completionsSpec = {"contextdata.Completions", sizeof(CompletionsObje
                                completionsSlots};
 
 PyStructSequence_Field completionFields[] = {
-    {"name", "What may be typed after the dot."},
+    {"name", "What may be typed, as it is written: a key with its escapes, an argument with '=', a folder with '/'."},
     {"kind",
-     "'method', 'static method', 'property', 'constant', 'enumeration member', 'class', 'function', 'namespace' or "
-     "'field'."},
+     "'method', 'static method', 'property', 'constant', 'enumeration member', 'class', 'function', 'namespace' (a "
+     "module too), 'field', 'key', 'argument', 'file' or 'folder'."},
     {"definer", "The full name of the class that declares the member; None when that is not known."},
     {nullptr, nullptr}};
 

@@ -1,0 +1,51 @@
+#include "frontends/completion/keys.h"
+
+#include <string>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "contextdata/other_object_systems.h"
+#include "frontends/completion/ask.h"
+
+namespace contextdata::completion {
+
+namespace {
+
+using Names = std::vector<std::u16string>;
+
+bool isStructure(const qxArray* value) {
+    return unlessItFails([&] { return qxGetClassID(value) == qxClassID::structure; });
+}
+
+Names fieldsOfStructure(const qxArray* value) {
+    return unlessItFails([&] {
+        Names names;
+        StructContextData::getStructFieldNames(value, names);
+        return names;
+    });
+}
+
+/// A structure whose fields follow a dot has them among its properties, and no subscripts.
+Names keysOfStructure(const qxArray* value) {
+    Names fields = fieldsOfStructure(value);
+    const Names properties = ask(value, "properties");
+    const std::unordered_set<std::u16string_view> behindDot(properties.begin(), properties.end());
+    std::erase_if(fields, [&](const std::u16string& field) { return behindDot.contains(field); });
+    return fields;
+}
+
+}  // namespace
+
+Items keysOf(const qxArray* value, char16_t quote, const Language& language) {
+    std::vector<Item> items;
+    for (const std::u16string& key : isStructure(value) ? keysOfStructure(value) : ask(value, "fieldnames")) {
+        std::u16string escaped = language.escaped(key, quote);
+        if (!escaped.empty()) {
+            items.push_back({std::move(escaped), Kind::key, {}});
+        }
+    }
+    return sortedOnce(std::move(items));
+}
+
+}  // namespace contextdata::completion

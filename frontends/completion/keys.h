@@ -1,0 +1,17 @@
+// The keys that may stand in a subscript.
+#pragma once
+
+#include "frontends/completion/item.h"
+#include "frontends/completion/language.h"
+#include "host/array_library.h"
+
+namespace contextdata::completion {
+
+/// The texts that are keys of a value, which is not null, as they stand in a string that `quote` opened.
+///
+/// They are the fields of the value that do not follow a dot; those of a structure by its own account, those of other
+/// values when they are asked. A key that no such string can hold is left out. The interrupt passes; a failure is no
+/// keys.
+Items keysOf(const qxArray* value, char16_t quote, const Language& language);
+
+}  // namespace contextdata::completion
