@@ -2,11 +2,11 @@
 
 #include <Python.h>
 
-#include "hosts/python/callables.h"
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/keys.h"
-#include "hosts/python/live_modules.h"
+#include "hosts/python/namespaces/live_modules.h"
 #include "hosts/python/python_text.h"
+#include "hosts/python/values/callables.h"
 
 namespace python_host {
 

@@ -5,12 +5,12 @@
 
 #include "host/i18n.h"
 #include "hosts/python/builtins.h"
-#include "hosts/python/debugger.h"
+#include "hosts/python/classes/object_system.h"
+#include "hosts/python/debugger/debugger.h"
 #include "hosts/python/errors.h"
-#include "hosts/python/file_scopes.h"
-#include "hosts/python/object_system.h"
-#include "hosts/python/scopes.h"
-#include "hosts/python/search_path.h"
+#include "hosts/python/folders/search_path.h"
+#include "hosts/python/resolution/file_scopes.h"
+#include "hosts/python/resolution/scopes.h"
 
 namespace python_host {
 

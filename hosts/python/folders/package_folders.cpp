@@ -1,0 +1,131 @@
+#include "hosts/python/folders/package_folders.h"
+
+#include <chrono>
+#include <system_error>
+#include <unordered_map>
+#include <utility>
+
+#include "hosts/python/dictionaries.h"
+#include "hosts/python/keys.h"
+#include "hosts/python/python_text.h"
+#include "hosts/python/references.h"
+
+namespace python_host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> foldersOf(PyObject* module) {
+    std::vector<std::string> folders;
+    PyObject* path = findItem(PyModule_GetDict(module), keys().path);
+    // A package without its own file has a path object that computes; only plain lists are read.
+    if (path == nullptr || !PyList_CheckExact(path)) {
+        return folders;
+    }
+    for (Py_ssize_t index = 0; index < PyList_GET_SIZE(path); ++index) {
+        PyObject* folder = PyList_GET_ITEM(path, index);
+        if (PyUnicode_CheckExact(folder)) {
+            folders.push_back(lossyUtf8Of(folder));
+        }
+    }
+    return folders;
+}
+
+bool isOffered(const std::string& name) {
+    const Ref text = Ref::steal(makeText(name));
+    return text && isIdentifier(text.get()) && !isSpecialName(name);
+}
+
+/// What a folder holds that could be imported, as it was when the folder changed last.
+struct FolderPicture {
+    fs::file_time_type changed;
+    std::vector<std::string> modules;
+    std::vector<std::string> subfolders;
+};
+
+/// Two changes within one tick of the clock of files look the same, so a picture this young is not kept.
+constexpr auto unsettledFor = std::chrono::seconds(2);
+constexpr std::size_t pictureLimit = 256;
+
+void addEntry(const fs::directory_entry& entry, FolderPicture& picture) {
+    const std::string name = entry.path().filename().string();
+    std::error_code error;
+    const bool mayBeFolder = entry.is_directory(error) || entry.is_symlink(error);
+    if (mayBeFolder && isOffered(name)) {
+        picture.subfolders.push_back(name);
+        return;
+    }
+    const bool isModule = !entry.is_directory(error) && (name.ends_with(".py") || name.ends_with(".so"));
+    std::string shortName = name.substr(0, name.find('.'));
+    if (isModule && isOffered(shortName)) {
+        picture.modules.push_back(std::move(shortName));
+    }
+}
+
+FolderPicture readFolder(const fs::path& folder, fs::file_time_type changed) {
+    FolderPicture picture{changed, {}, {}};
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        addEntry(*entry, picture);
+    }
+    return picture;
+}
+
+/// Pictures of the folders that were asked for, each taken anew once its folder has changed.
+class FolderPictures {
+public:
+    const FolderPicture& of(const fs::path& folder) {
+        std::error_code error;
+        const fs::file_time_type changed = fs::last_write_time(folder, error);
+        const auto known = pictures_.find(folder.native());
+        if (!error && known != pictures_.end() && known->second.changed == changed) {
+            return known->second;
+        }
+        latest_ = error ? FolderPicture() : readFolder(folder, changed);
+        // What a relative path means changes with the working directory.
+        const bool isSettled =
+            !error && folder.is_absolute() && fs::file_time_type::clock::now() - changed > unsettledFor;
+        return isSettled ? keep(folder.native()) : latest_;
+    }
+
+private:
+    const FolderPicture& keep(const std::string& folder) {
+        if (pictures_.size() >= pictureLimit) {
+            pictures_.clear();
+        }
+        return pictures_[folder] = std::move(latest_);
+    }
+
+    std::unordered_map<std::string, FolderPicture> pictures_;
+    FolderPicture latest_;
+};
+
+/// A folder becomes a package by a file in it, which leaves the time of the folder around it as it was.
+bool isPackageFolder(const std::string& folder) {
+    std::error_code error;
+    return fs::is_regular_file(folder + "/__init__.py", error);
+}
+
+}  // namespace
+
+void addModulesInFolder(const fs::path& folder, std::set<std::string>& names) {
+    static FolderPictures pictures;
+    const FolderPicture& picture = pictures.of(folder);
+    names.insert(picture.modules.begin(), picture.modules.end());
+    for (const std::string& subfolder : picture.subfolders) {
+        if (isPackageFolder(folder.native() + '/' + subfolder)) {
+            names.insert(subfolder);
+        }
+    }
+}
+
+std::vector<std::string> submodulesInFolders(PyObject* module) {
+    std::set<std::string> names;
+    for (const std::string& folder : foldersOf(module)) {
+        addModulesInFolder(folder, names);
+    }
+    return {names.begin(), names.end()};
+}
+
+}  // namespace python_host
