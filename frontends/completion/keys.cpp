@@ -39,7 +39,7 @@ Names keysOfStructure(const qxArray* value) {
 
 Items keysOf(const qxArray* value, char16_t quote, const Language& language) {
     std::vector<Item> items;
-    for (const std::u16string& key : isStructure(value) ? keysOfStructure(value) : ask(value, "fieldnames")) {
+    for (const std::u16string& key : isStructure(value) ? keysOfStructure(value) : ask(value, "keys")) {
         std::u16string escaped = language.escaped(key, quote);
         if (!escaped.empty()) {
             items.push_back({std::move(escaped), Kind::key, {}});

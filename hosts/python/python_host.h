@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/array_library.h"
@@ -24,6 +25,9 @@ CONTEXTDATA_PYTHON_HOST_API PyObject* unwrap(const qxArray* value) noexcept;
 
 /// The canonical id of a type in the class system. Never empty.
 CONTEXTDATA_PYTHON_HOST_API zelk::COSInternedID classIdOf(PyTypeObject* type);
+
+/// Whether a namespace's module is loaded: of one that is not, only its place on disk is known. Any UTF-8 text.
+CONTEXTDATA_PYTHON_HOST_API bool isLoadedNamespace(std::string_view name);
 
 /// Says that the structure of a class (its members along the resolution order, their kinds and access) is what it
 /// was whenever the same stamp was given for the same type. Documentation and annotated types are not covered.

@@ -49,7 +49,7 @@ void buildKeys(GoldenWorld& desk) {
     qxUniqueArray record = world.structure();
     world.setField(record, "x", world.number(1));
     desk.answers(desk.variable(u"record", std::move(record)), "properties", {u"x"});
-    desk.answers(desk.variable(u"table", world.opaque("foreign.Table")), "fieldnames", {u"größe", u"price"});
+    desk.answers(desk.variable(u"table", world.opaque("foreign.Table")), "keys", {u"größe", u"price"});
     desk.variable(u"number", world.number(1));
 }
 

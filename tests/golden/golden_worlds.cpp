@@ -9,7 +9,7 @@
 namespace golden {
 
 GoldenWorld::GoldenWorld() {
-    for (const char* question : {"class", "denotes", "methods", "properties", "fieldnames"}) {
+    for (const char* question : {"class", "denotes", "methods", "properties", "fieldnames", "keys"}) {
         world_.function(question, [this, question](const qxArray* value) { return answer(value, question); });
     }
 }

@@ -13,7 +13,7 @@
 namespace golden {
 
 /// A world with variables, whose values may answer the interpreter's questions ("class", "denotes", "methods",
-/// "properties", "fieldnames") one by one.
+/// "properties", "fieldnames", "keys") one by one.
 class GoldenWorld final : public contextdata::completion::Workspace {
 public:
     using Names = std::vector<std::u16string>;

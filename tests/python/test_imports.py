@@ -24,6 +24,24 @@ def test_a_fragment_and_further_modules():
     assert names("import numpy as nu") == names("import numpy as ") == []
 
 
+def test_packages_that_are_not_loaded_offer_their_modules():
+    for text in ("import wsgiref.", "from wsgiref import ", "from wsgiref."):
+        assert {"headers", "validate"} <= set(names(text))
+    assert names("import wsgiref.va") == ["validate"]
+    assert names("import wsgiref.validate.") == names("from wsgiref.validate import ") == []
+    assert "wsgiref" not in sys.modules
+
+
+def test_a_module_that_is_not_loaded_is_no_name_for_other_code():
+    assert names("wsgiref.") == names("f(wsgiref.") == names("wsgiref.va") == []
+    assert "wsgiref" not in sys.modules
+
+
+def test_modules_compiled_into_the_interpreter_are_offered():
+    compiled = next(name for name in sys.builtin_module_names if name not in sys.modules)
+    assert compiled in names("import " + compiled[0])
+
+
 def test_private_modules_are_offered_once_their_underscore_was_typed():
     assert not [name for name in names("import ") if name.startswith("_")]
     assert "_thread" in names("import _")

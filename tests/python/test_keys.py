@@ -43,6 +43,16 @@ def test_keys_of_what_a_chain_leads_to():
     assert names("x[0]['a']['", x=[{"a": {"b": 1}}]) == ["b"]
 
 
+def test_columns_labels_and_fields_are_keys():
+    numpy = pytest.importorskip("numpy")
+    pandas = pytest.importorskip("pandas")
+    frame = pandas.DataFrame({"city": ["Oslo"], "a b": [1], 7: [2]})
+    assert names('df["', df=frame) == ["a b", "city"]
+    assert names('s["', s=pandas.Series([1, 2], index=["u", "v"])) == ["u", "v"]
+    assert names('r["', r=numpy.zeros(2, [("mass", float), ("charge", int)])) == ["charge", "mass"]
+    assert names('d["', d=collections.Counter("ab")) == ["a", "b"]
+
+
 @pytest.mark.parametrize(
     "text",
     ["d[f'", "d[b'", "d[r'", "d['''", "d['k', '", "d['k' + '", "d[('", "d()['", "d.copy()['", "[]['", "none['", "n['",

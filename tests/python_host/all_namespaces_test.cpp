@@ -65,6 +65,11 @@ TEST_F(AllNamespaces, ModulesThatAreNotImportedCountAndStayUnimported) {
     EXPECT_EQ(evalText("repr([n for n in sys.modules if n.startswith('cd')])"), "[]");
 }
 
+TEST_F(AllNamespaces, HoldTheModulesCompiledIntoTheInterpreter) {
+    run("compiled = [name for name in sys.builtin_module_names if name not in sys.modules]");
+    EXPECT_THAT(allNamespaces(), Contains(evalText("compiled[0]")));
+}
+
 TEST_F(AllNamespaces, EntriesThatAreNoModulesOrHaveNoPlainNameAreLeftOut) {
     run("import types\n"
         "class Text(str):\n"

@@ -1,5 +1,6 @@
 #include "contextdata/introspection.h"
 #include "tests/python_host/session.h"
+#include "tests/support/temporary_folder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -42,8 +43,57 @@ TEST_F(Namespaces, AreLoadedModules) {
 }
 
 TEST_F(Namespaces, AreNeverImported) {
-    EXPECT_FALSE(ZELKIntrospection::isZELKNamespace(u"this"));
+    EXPECT_TRUE(ZELKIntrospection::isZELKNamespace(u"this"));
+    EXPECT_THAT(classes("this"), ::testing::IsEmpty());
+    EXPECT_THAT(functions("this"), ::testing::IsEmpty());
+    EXPECT_THAT(inner("this"), ::testing::IsEmpty());
     EXPECT_EQ(evalText("repr('this' in __import__('sys').modules)"), "False");
+}
+
+TEST_F(Namespaces, OfUnloadedPackagesHoldWhatStandsInTheirFolders) {
+    const TemporaryFolder disk;
+    for (const char* file :
+         {"cdouter/__init__.py", "cdouter/leaf.py", "cdouter/deep/__init__.py",
+          "cdouter/deep/er.cpython-311-x86_64-linux-gnu.so", "cdouter/plain/file.py", "cdsingle.py"}) {
+        disk.file(file);
+    }
+    run("import sys\nsys.path.insert(0, '" + disk.path().string() + "')");
+    EXPECT_THAT(inner("cdouter"), ElementsAre("cdouter.deep", "cdouter.leaf"));
+    EXPECT_THAT(inner("cdouter.deep"), ElementsAre("cdouter.deep.er"));
+    EXPECT_THAT(inner("cdsingle"), ::testing::IsEmpty());
+    for (const char16_t* name : {u"cdouter.plain", u"cdouter.plain.file", u"cdouter.none", u"cdsingle.x", u"cdouter.",
+                                 u".cdouter", u"cdouter..deep"}) {
+        EXPECT_FALSE(ZELKIntrospection::isZELKNamespace(name));
+    }
+    run("sys.path.pop(0)");
+    EXPECT_FALSE(ZELKIntrospection::isZELKNamespace(u"cdouter"));
+}
+
+TEST_F(Namespaces, TheFirstFolderOfTheSearchPathThatHasAModuleDecides) {
+    const TemporaryFolder disk;
+    for (const char* file : {"one/cdtwice.py", "two/cdtwice/__init__.py", "two/cdtwice/inner.py"}) {
+        disk.file(file);
+    }
+    run("import sys\nsaved = sys.path\nsys.path = ['" + disk.path("one").string() + "', '" + disk.path("two").string() +
+        "']");
+    EXPECT_THAT(inner("cdtwice"), ::testing::IsEmpty());
+    run("sys.path.reverse()");
+    EXPECT_THAT(inner("cdtwice"), ElementsAre("cdtwice.inner"));
+    run("sys.path = saved");
+}
+
+TEST_F(Namespaces, AnEntryThatIsNoModuleHidesTheOneOnDisk) {
+    run("import sys\nsys.modules['this'] = None");
+    EXPECT_FALSE(ZELKIntrospection::isZELKNamespace(u"this"));
+    run("del sys.modules['this']");
+}
+
+TEST_F(Namespaces, ModulesCompiledIntoTheInterpreterNeedNoFile) {
+    run("import sys\nsaved = sys.path, sys.modules.pop('_sha1', None)\nsys.path = []");
+    EXPECT_EQ(evalText("repr('_symtable' in sys.builtin_module_names)"), "True");
+    EXPECT_TRUE(ZELKIntrospection::isZELKNamespace(u"_symtable"));
+    EXPECT_FALSE(ZELKIntrospection::isZELKNamespace(u"_symtable.inner"));
+    run("sys.path = saved");
 }
 
 TEST_F(Namespaces, ListWhatTheModuleBinds) {
@@ -120,7 +170,8 @@ TEST_F(Namespaces, OfPackagesHoldSubmodulesThatAreNotLoaded) {
     std::ofstream(folder / "cdpackage" / "__init__.py") << "\n";
     run("import sys\nsys.path.insert(0, '" + folder.string() + "')\nimport cdpackage\nsys.path.pop(0)");
     EXPECT_THAT(inner("cdpackage"), ElementsAre("cdpackage._inner", "cdpackage.deeper", "cdpackage.quiet"));
-    EXPECT_FALSE(ZELKIntrospection::isZELKNamespace(u"cdpackage.quiet"));
+    EXPECT_THAT(inner("cdpackage.quiet"), ::testing::IsEmpty());
+    EXPECT_EQ(evalText("repr('cdpackage.quiet' in sys.modules)"), "False");
     std::filesystem::remove_all(folder);
 }
 

@@ -121,6 +121,53 @@ TEST_F(ObjectNames, FieldNamesAreKeysOfPlainDictionariesAndRecords) {
     EXPECT_THAT(call("fieldnames", "3"), IsEmpty());
 }
 
+TEST_F(ObjectNames, KeysAreTheTextsThatADictionaryStores) {
+    run("import collections\n"
+        "class Trap(dict):\n"
+        " def __iter__(self): trace.append('iter'); return iter(())\n"
+        " def keys(self): trace.append('keys'); return ()\n"
+        " def __len__(self): trace.append('len'); return 0\n"
+        "class Text(str): pass\n"
+        "fields = {'a': 1, 'b c': 2, 3: 4, b'd': 5, Text('e'): 6, '': 7}");
+    EXPECT_THAT(call("keys", "fields"), ElementsAre("a", "b c", ""));
+    EXPECT_THAT(call("keys", "Trap(x=1)"), ElementsAre("x"));
+    EXPECT_THAT(call("keys", "collections.OrderedDict(y=1, x=2)"), ElementsAre("y", "x"));
+    EXPECT_THAT(call("keys", "collections.defaultdict(list, z=[])"), ElementsAre("z"));
+    EXPECT_THAT(call("keys", "3"), IsEmpty());
+    EXPECT_THAT(call("keys", "[1]"), IsEmpty());
+}
+
+TEST_F(ObjectNames, KeysOfTablesAreTheirTextLabels) {
+    run("import pandas\n"
+        "frame = pandas.DataFrame([[1, 2, 3, 4]], columns=['city', 'a b', 7, 'mean'])\n"
+        "class Sheet(pandas.DataFrame):\n"
+        " @property\n"
+        " def columns(self): trace.append('columns')\n"
+        " def keys(self): trace.append('keys')\n"
+        " def __dir__(self): trace.append('dir')\n"
+        "levels = pandas.DataFrame([[1, 2, 3]], columns=[['a', 'a', 'b'], ['x', 'y', 'x']])");
+    EXPECT_THAT(call("keys", "frame"), ElementsAre("city", "a b", "mean"));
+    EXPECT_THAT(call("keys", "Sheet({'own': [1]})"), ElementsAre("own"));
+    EXPECT_THAT(call("keys", "levels"), ElementsAre("a", "b"));
+    EXPECT_THAT(call("keys", "pandas.Series([1, 2], index=['u', 'v'])"), ElementsAre("u", "v"));
+    EXPECT_THAT(call("keys", "pandas.Series([1, 2])"), IsEmpty());
+    EXPECT_THAT(call("keys", "frame.columns"), IsEmpty());
+}
+
+TEST_F(ObjectNames, KeysOfStructuredDataAreItsFields) {
+    run("import numpy\n"
+        "class Own(numpy.ndarray):\n"
+        " dtype = property(lambda self: trace.append('dtype'))\n"
+        "fields = [('mass', float), ('charge', int)]\n"
+        "plain = numpy.zeros(2, fields)");
+    EXPECT_THAT(call("keys", "plain"), ElementsAre("mass", "charge"));
+    EXPECT_THAT(call("keys", "plain[0]"), ElementsAre("mass", "charge"));
+    EXPECT_THAT(call("keys", "plain.view(numpy.recarray)"), ElementsAre("mass", "charge"));
+    EXPECT_THAT(call("keys", "plain.view(Own)"), ElementsAre("mass", "charge"));
+    EXPECT_THAT(call("keys", "numpy.zeros(2)"), IsEmpty());
+    EXPECT_THAT(call("keys", "numpy.void(b'ab')"), IsEmpty());
+}
+
 TEST_F(ObjectNames, ClassAndDenotationOfValues) {
     run("import numpy, os, types\nclass A: pass");
     EXPECT_THAT(call("class", "numpy.zeros(3)"), ElementsAre("numpy.ndarray"));

@@ -37,7 +37,7 @@ const std::u16string noFile;
 pybind11::object membersOfChain(Chain chain, std::u16string_view prefix, Variables& variables, const Asker& asker) {
     qxSharedArray root = variables.find(std::u16string(chain.front()));
     if (!root) {
-        return membersOfNamed(completion::named(chain, noFile), prefix, asker);
+        return membersOfNamed(namedInSession(chain), prefix, asker);
     }
     const qxSharedArray value = completion::follow(std::move(root), chain.subspan(1));
     return value ? membersOfValue(value, prefix, asker) : pybind11::tuple();
@@ -86,7 +86,7 @@ pybind11::object completeText(const CompleteArguments& arguments) {
 std::size_t lengthFollowed(Chain chain, Variables& variables) {
     qxSharedArray value = variables.find(std::u16string(chain.front()));
     if (!value) {
-        const bool isName = completion::named(chain, noFile).nature != completion::Subject::Nature::nothing;
+        const bool isName = namedInSession(chain).nature != completion::Subject::Nature::nothing;
         return isName ? chain.size() : 0;
     }
     std::size_t followed = 1;

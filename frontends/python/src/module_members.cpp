@@ -3,16 +3,18 @@
 #include <utility>
 #include <vector>
 
-#include "frontends/completion/subject.h"
 #include "frontends/completion/value_members.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/variables.h"
+#include "host/i18n.h"
+#include "hosts/python/python_host.h"
 
 namespace contextdata::python {
 
 using completion::Item;
 using completion::Items;
 using completion::Kind;
+using completion::Subject;
 
 namespace {
 
@@ -62,6 +64,14 @@ Items boundNames(std::span<const std::u16string_view> module, std::u16string_vie
     Items bound = bindingsOf(PyModule_GetDict(keep.ptr()));
     std::erase_if(bound, [prefix](const Item& item) { return !item.name.starts_with(prefix); });
     return bound;
+}
+
+Subject namedInSession(std::span<const std::u16string_view> chain) {
+    // A prompt is no file: names mean what they mean in the session.
+    static const std::u16string noFile;
+    Subject subject = completion::named(chain, noFile);
+    const bool isModule = subject.nature == Subject::Nature::space;
+    return isModule && !python_host::isLoadedNamespace(fl::i18n::to_string(subject.space)) ? Subject() : subject;
 }
 
 Items withoutPrivateModules(Items items) {

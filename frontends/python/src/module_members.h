@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "frontends/completion/item.h"
+#include "frontends/completion/subject.h"
 #include "host/array_library.h"
 
 namespace contextdata::python {
@@ -24,5 +25,9 @@ completion::Items withoutPrivateModules(completion::Items items);
 /// The public names, all beginning with `prefix`, that the loaded module of a dotted name binds; none when no module is
 /// loaded under it. Imports nothing.
 completion::Items boundNames(std::span<const std::u16string_view> module, std::u16string_view prefix);
+
+/// What a chain names that begins with no variable: a class, or a module that is loaded. A module that is not has a
+/// name for statements that import, and for no other code.
+completion::Subject namedInSession(std::span<const std::u16string_view> chain);
 
 }  // namespace contextdata::python

@@ -1,5 +1,6 @@
 #include "hosts/python/folders/package_folders.h"
 
+#include <algorithm>
 #include <chrono>
 #include <system_error>
 #include <unordered_map>
@@ -15,22 +16,6 @@ namespace python_host {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<std::string> foldersOf(PyObject* module) {
-    std::vector<std::string> folders;
-    PyObject* path = findItem(PyModule_GetDict(module), keys().path);
-    // A package without its own file has a path object that computes; only plain lists are read.
-    if (path == nullptr || !PyList_CheckExact(path)) {
-        return folders;
-    }
-    for (Py_ssize_t index = 0; index < PyList_GET_SIZE(path); ++index) {
-        PyObject* folder = PyList_GET_ITEM(path, index);
-        if (PyUnicode_CheckExact(folder)) {
-            folders.push_back(lossyUtf8Of(folder));
-        }
-    }
-    return folders;
-}
 
 bool isOffered(const std::string& name) {
     const Ref text = Ref::steal(makeText(name));
@@ -101,28 +86,53 @@ private:
     FolderPicture latest_;
 };
 
-/// A folder becomes a package by a file in it, which leaves the time of the folder around it as it was.
-bool isPackageFolder(const std::string& folder) {
-    std::error_code error;
-    return fs::is_regular_file(folder + "/__init__.py", error);
+const FolderPicture& pictureOf(const fs::path& folder) {
+    static FolderPictures pictures;
+    return pictures.of(folder);
 }
 
 }  // namespace
 
+// A folder becomes a package by a file in it, which leaves the time of the folder around it as it was.
+bool isPackageFolder(const fs::path& folder) {
+    std::error_code error;
+    return fs::is_regular_file(folder / "__init__.py", error);
+}
+
+bool hasModuleFile(const fs::path& folder, std::string_view name) {
+    const std::vector<std::string>& modules = pictureOf(folder).modules;
+    return std::find(modules.begin(), modules.end(), name) != modules.end();
+}
+
 void addModulesInFolder(const fs::path& folder, std::set<std::string>& names) {
-    static FolderPictures pictures;
-    const FolderPicture& picture = pictures.of(folder);
+    const FolderPicture& picture = pictureOf(folder);
     names.insert(picture.modules.begin(), picture.modules.end());
     for (const std::string& subfolder : picture.subfolders) {
-        if (isPackageFolder(folder.native() + '/' + subfolder)) {
+        if (isPackageFolder(folder / subfolder)) {
             names.insert(subfolder);
         }
     }
 }
 
+std::vector<fs::path> foldersOfPackage(PyObject* module) {
+    std::vector<fs::path> folders;
+    PyObject* path = findItem(PyModule_GetDict(module), keys().path);
+    // A package without its own file has a path object that computes; only plain lists are read.
+    if (path == nullptr || !PyList_CheckExact(path)) {
+        return folders;
+    }
+    for (Py_ssize_t index = 0; index < PyList_GET_SIZE(path); ++index) {
+        PyObject* folder = PyList_GET_ITEM(path, index);
+        if (PyUnicode_CheckExact(folder)) {
+            folders.emplace_back(lossyUtf8Of(folder));
+        }
+    }
+    return folders;
+}
+
 std::vector<std::string> submodulesInFolders(PyObject* module) {
     std::set<std::string> names;
-    for (const std::string& folder : foldersOf(module)) {
+    for (const fs::path& folder : foldersOfPackage(module)) {
         addModulesInFolder(folder, names);
     }
     return {names.begin(), names.end()};

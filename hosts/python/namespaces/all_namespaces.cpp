@@ -11,6 +11,7 @@
 #include "hosts/python/folders/live_paths.h"
 #include "hosts/python/folders/package_folders.h"
 #include "hosts/python/folders/search_path.h"
+#include "hosts/python/folders/unloaded_modules.h"
 #include "hosts/python/namespaces/live_modules.h"
 #include "hosts/python/python_text.h"
 #include "hosts/python/references.h"
@@ -66,6 +67,7 @@ qxUniqueArray allNamespaceObjects() {
     Names names;
     addLoaded(names);
     addImportable(names);
+    addCompiledIn(names);
     NameList list;
     for (const std::string& name : names) {
         list.append(name);

@@ -1,6 +1,8 @@
 #include "hosts/python/namespaces/namespace_object.h"
 
+#include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,8 +14,10 @@
 #include "hosts/python/errors.h"
 #include "hosts/python/folders/live_paths.h"
 #include "hosts/python/folders/package_folders.h"
+#include "hosts/python/folders/unloaded_modules.h"
 #include "hosts/python/interning.h"
 #include "hosts/python/namespaces/live_modules.h"
+#include "hosts/python/python_host.h"
 #include "hosts/python/python_text.h"
 
 namespace python_host {
@@ -30,9 +34,13 @@ zelk::COSIteratorPtr iterate(const Nodes& nodes) {
     return NodeIterator::over(std::move(handles));
 }
 
-PyObject* findModule(zelk::COSInternedID name) {
-    PyObject* object = findPath(name.view());
+PyObject* findModule(std::string_view name) {
+    PyObject* object = findPath(name);
     return object != nullptr && PyModule_Check(object) ? object : nullptr;
+}
+
+bool isNamespace(zelk::COSInternedID name) {
+    return findModule(name.view()) != nullptr || findUnloadedModule(name.view()).has_value();
 }
 
 /// Collects inner namespaces, each once.
@@ -63,6 +71,14 @@ public:
         }
     }
 
+    void addAllIn(const std::filesystem::path& folder) {
+        std::set<std::string> names;
+        addModulesInFolder(folder, names);
+        for (const std::string& name : names) {
+            add(name);
+        }
+    }
+
     zelk::COSIteratorPtr iterator() && { return NodeIterator::over(std::move(nodes_)); }
 
 private:
@@ -85,7 +101,7 @@ NamespaceObject& NamespaceObject::named(zelk::COSInternedID name) {
 
 NamespaceListing::Handle NamespaceObject::listing() {
     const PendingErrorGuard pending;
-    PyObject* module = findModule(name_);
+    PyObject* module = findModule(name_.view());
     if (module == nullptr) {
         return {};
     }
@@ -112,9 +128,9 @@ zelk::COSIteratorPtr NamespaceObject::getFunctions() {
 zelk::COSIteratorPtr NamespaceObject::getNamespaces() {
     const PendingErrorGuard pending;
     const NamespaceListing::Handle current = listing();
-    const Ref module = Ref::share(findModule(name_));
+    const Ref module = Ref::share(findModule(name_.view()));
     if (!current || !module) {
-        return {};
+        return namespacesOfUnloaded();
     }
     InnerNames inner(name_.view());
     for (const zelk::COSInternedID bound : current->modules()) {
@@ -130,11 +146,28 @@ zelk::COSIteratorPtr NamespaceObject::getNamespaces() {
     return std::move(inner).iterator();
 }
 
+zelk::COSIteratorPtr NamespaceObject::namespacesOfUnloaded() const {
+    const auto found = findUnloadedModule(name_.view());
+    if (!found) {
+        return {};
+    }
+    InnerNames inner(name_.view());
+    for (const std::filesystem::path& folder : found->folders) {
+        inner.addAllIn(folder);
+    }
+    return std::move(inner).iterator();
+}
+
+bool isLoadedNamespace(std::string_view name) {
+    const PendingErrorGuard pending;
+    return findModule(name) != nullptr;
+}
+
 }  // namespace python_host
 
 zelk::COSInterfacePtr zelk::COSPackage::getNamespaceInterface(COSInternedID name) {
     const python_host::PendingErrorGuard pending;
-    if (name.isEmpty() || python_host::findModule(name) == nullptr) {
+    if (name.isEmpty() || !python_host::isNamespace(name)) {
         return {};
     }
     return COSInterfacePtr(&python_host::NamespaceObject::named(name));

@@ -11,8 +11,8 @@
 
 namespace python_host {
 
-/// Known by name for the life of the process; the module behind it is looked up at each question, so a namespace whose
-/// module is not loaded is merely empty.
+/// Known by name for the life of the process; the module behind it is looked up at each question, so of a
+/// namespace whose module is not loaded only the modules in its folders are known.
 class NamespaceObject final : public Node, public zelk::COSNamespace {
 public:
     /// The one object of a name.
@@ -31,6 +31,7 @@ private:
 
     /// Empty when the module is not loaded.
     NamespaceListing::Handle listing();
+    zelk::COSIteratorPtr namespacesOfUnloaded() const;
 
     zelk::COSInternedID name_;
     NamespaceListing::Handle listing_;

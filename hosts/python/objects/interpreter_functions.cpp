@@ -11,6 +11,7 @@
 #include "hosts/python/errors.h"
 #include "hosts/python/namespaces/all_namespaces.h"
 #include "hosts/python/objects/object_names.h"
+#include "hosts/python/objects/subscript_keys.h"
 #include "hosts/python/values/values.h"
 
 namespace {
@@ -25,8 +26,8 @@ struct NamedFunction {
 
 constexpr NamedFunction functions[] = {
     {"methods", python_host::methodNamesOf},   {"properties", python_host::propertyNamesOf},
-    {"fieldnames", python_host::fieldNamesOf}, {"class", python_host::classNameOf},
-    {"denotes", python_host::denotationOf},
+    {"fieldnames", python_host::fieldNamesOf}, {"keys", python_host::subscriptKeysOf},
+    {"class", python_host::classNameOf},       {"denotes", python_host::denotationOf},
 };
 
 const NamedFunction& functionNamed(std::string_view name) {

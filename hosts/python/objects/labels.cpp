@@ -71,27 +71,35 @@ Ref axesOf(PyObject* object) {
     return usable ? axes : Ref();
 }
 
-bool appendLabels(PyObject* object, const MemberTable& members, UniqueNameList& names) {
-    if (isAxis(Py_TYPE(object))) {
-        return true;
-    }
+bool eachLabel(PyObject* object, const std::function<void(PyObject*)>& visit) {
     const Ref axes = axesOf(object);
     if (!axes) {
         return false;
     }
     const Ref labels = Ref::share(labelArray(PyList_GET_ITEM(axes.get(), 0)));
-    if (!labels) {
-        // Numbers in a row: an axis without labels.
-        return true;
-    }
-    const std::size_t count = std::min(labelLimit, numpyLengthOf(labels.get()));
+    // Without an array the axis is a row of numbers, which has no labels.
+    const std::size_t count = labels ? std::min(labelLimit, numpyLengthOf(labels.get())) : 0;
     for (std::size_t index = 0; index < count; ++index) {
-        const Ref label = numpyElementOf(labels.get(), index);
-        if (label) {
-            appendIfNew(label.get(), members, names);
+        if (const Ref label = numpyElementOf(labels.get(), index)) {
+            visit(label.get());
         }
     }
     return true;
+}
+
+bool appendLabels(PyObject* object, const MemberTable& members, UniqueNameList& names) {
+    return isAxis(Py_TYPE(object)) || eachLabel(object, [&](PyObject* label) { appendIfNew(label, members, names); });
+}
+
+bool isLabelled(PyTypeObject* type) {
+    const Ref order = resolutionOrder(type);
+    for (Py_ssize_t place = 0; order && place < PyTuple_GET_SIZE(order.get()); ++place) {
+        PyObject* base = PyTuple_GET_ITEM(order.get(), place);
+        if (PyType_Check(base) && isNamed(asType(base), "pandas.core.generic.NDFrame")) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace python_host

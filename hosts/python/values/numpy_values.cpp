@@ -227,6 +227,20 @@ Ref numpyItem(PyObject* object, PyObject* index) {
     return item;
 }
 
+Ref numpyFieldsOf(PyObject* object) {
+    if (!isLoaded()) {
+        return {};
+    }
+    const PyArray_Descr* type = nullptr;
+    if (PyArray_Check(object)) {
+        type = PyArray_DESCR(reinterpret_cast<PyArrayObject*>(object));
+    } else if (PyArray_IsScalar(object, Void)) {
+        type = reinterpret_cast<PyVoidScalarObject*>(object)->descr;
+    }
+    PyObject* names = type == nullptr ? nullptr : type->names;
+    return Ref::share(names != nullptr && PyTuple_CheckExact(names) ? names : nullptr);
+}
+
 bool isNumpyTrue(PyObject* object) {
     if (!isLoaded()) {
         return false;

@@ -33,6 +33,10 @@ const double* numpyDoublesOf(PyObject* object);
 /// Python error is left.
 Ref numpyItem(PyObject* object, PyObject* index);
 
+/// The names of the fields of structured data, a tuple: of an array, be it of a subclass, or of one element. Empty for
+/// any other object. Runs no code of the object's.
+Ref numpyFieldsOf(PyObject* object);
+
 /// Whether an object is a truth value of the package, or an exact array of one, that is true.
 bool isNumpyTrue(PyObject* object);
 
