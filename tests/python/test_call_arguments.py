@@ -95,3 +95,10 @@ def test_any_length_and_depth():
 def test_nothing_is_printed(capfd):
     names("plain(", plain=plain), names("print("), names("unknown(")
     assert capfd.readouterr() == ("", "")
+
+
+def test_functions_in_c_that_document_their_arguments():
+    assert names("np.zeros(3, dt", np=numpy) == ["dtype="]
+    assert names("a.mean(ax", a=numpy.zeros(2)) == ["axis="]
+    assert "where=" in names("np.sin(0, ", np=numpy) and "x1=" not in names("np.sin(", np=numpy)
+    assert "out=" not in names("np.add(1, 2, None, ", np=numpy)

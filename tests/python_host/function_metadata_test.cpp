@@ -161,14 +161,15 @@ TEST_F(FunctionMetadata, BuiltInFunctionsDeclareInTheirDocumentation) {
     EXPECT_EQ(shown("str.split"), "sep maxsplit | sep maxsplit");
     EXPECT_EQ(shown("int.__add__"), "value | ");
     EXPECT_EQ(shown("dict.fromkeys"), "iterable value | ");
-    EXPECT_EQ(shown("max"), "unknown");
+    EXPECT_EQ(shown("iter"), "unknown");
 }
 
 TEST_F(FunctionMetadata, APartialCallDeclaresWhatIsLeft) {
     run("import functools\ndef f(a, b, c=1, *, d=2): pass\n"
         "first = functools.partial(f, 0)\nnamed = functools.partial(f, b=5)\nboth = functools.partial(first, c=1, "
         "d=2)\n"
-        "full = functools.partial(f, 1, 2, 3, 4, 5)\nof_len = functools.partial(len)\nof_max = functools.partial(max)\n"
+        "full = functools.partial(f, 1, 2, 3, 4, 5)\nof_len = functools.partial(len)\nof_iter = "
+        "functools.partial(iter)\n"
         "class Mine(functools.partial): pass\nmine = Mine(f, 0)\n"
         "class C:\n def m(self, x, y): pass\nmethod = functools.partial(C().m, 1)");
     EXPECT_EQ(shown("first"), "b c | b c d");
@@ -176,7 +177,7 @@ TEST_F(FunctionMetadata, APartialCallDeclaresWhatIsLeft) {
     EXPECT_EQ(shown("both"), "b | b c d");
     EXPECT_EQ(shown("full"), " | d");
     EXPECT_EQ(shown("of_len"), "obj | ");
-    EXPECT_EQ(shown("of_max"), "unknown");
+    EXPECT_EQ(shown("of_iter"), "unknown");
     EXPECT_EQ(shown("mine"), "b c | b c d");
     EXPECT_EQ(shown("method"), "y | y");
 }
@@ -216,9 +217,29 @@ TEST_F(FunctionMetadata, FunctionsOfTheArrayPackage) {
     EXPECT_EQ(shown("np.linspace"),
               "start stop num endpoint retstep dtype axis | start stop num endpoint retstep dtype axis");
     EXPECT_EQ(shown("np.linalg.norm"), "x ord axis keepdims | x ord axis keepdims");
-    EXPECT_EQ(shown("np.add"), "unknown");
-    EXPECT_EQ(shown("a.mean"), "unknown");
-    EXPECT_EQ(shown("np.zeros"), "unknown");
+}
+
+TEST_F(FunctionMetadata, UniversalFunctionsHaveOptionsAndNamelessOperands) {
+    run("import numpy as np");
+    EXPECT_EQ(shown("np.add"), "x1 x2 out | out casting order dtype subok signature where");
+    EXPECT_EQ(shown("np.sin"), "x1 out | out casting order dtype subok signature where");
+    EXPECT_EQ(shown("np.matmul"), "x1 x2 out | out casting order dtype subok signature axes axis");
+}
+
+TEST_F(FunctionMetadata, FunctionsInCMaySayInTheirDocumentationAlone) {
+    run("import numpy as np\na = np.zeros(3)");
+    EXPECT_EQ(shown("np.zeros"), "shape dtype order | dtype order like");
+    EXPECT_EQ(shown("np.array"), "object dtype | dtype copy order subok ndmin like");
+    EXPECT_EQ(shown("np.arange"), "start stop step dtype | dtype like");
+    EXPECT_EQ(shown("np.concatenate"), "a1 axis out dtype casting | axis out dtype casting");
+    EXPECT_EQ(shown("a.mean"), "axis dtype out keepdims | axis dtype out keepdims where");
+    EXPECT_EQ(shown("max"), "iterable | default key");
+}
+
+TEST_F(FunctionMetadata, FunctionsThatTakeNoKeywordsPromiseNoneInTheirDocumentation) {
+    run("import math");
+    EXPECT_EQ(shown("math.log"), "unknown");
+    EXPECT_EQ(shown("{}.pop"), "unknown");
 }
 
 TEST_F(FunctionMetadata, ObjectsThatCanBeCalledDeclareTheirMethod) {

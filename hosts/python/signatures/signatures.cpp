@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "hosts/python/classes/resolution_order.h"
 #include "hosts/python/dictionaries.h"
@@ -13,8 +15,10 @@
 #include "hosts/python/python_text.h"
 #include "hosts/python/references.h"
 #include "hosts/python/signatures/class_signature.h"
+#include "hosts/python/signatures/documented_signature.h"
 #include "hosts/python/signatures/partial_signature.h"
 #include "hosts/python/signatures/text_signature.h"
+#include "hosts/python/values/universal_functions.h"
 
 namespace python_host {
 
@@ -59,7 +63,12 @@ Found signatureInText(const char* documentation, const char* name) {
 }
 
 Found signatureInText(const PyMethodDef* method) {
-    return method == nullptr ? std::nullopt : signatureInText(method->ml_doc, method->ml_name);
+    if (method == nullptr || method->ml_doc == nullptr || method->ml_name == nullptr) {
+        return std::nullopt;
+    }
+    Found declared = textSignatureOf(method->ml_doc, method->ml_name);
+    const bool takesKeywords = (method->ml_flags & METH_KEYWORDS) != 0;
+    return declared || !takesKeywords ? declared : documentedSignatureOf(method->ml_doc, method->ml_name);
 }
 
 /// A method is called without the object that it is bound to.
@@ -84,6 +93,24 @@ Found signatureOfBuiltIn(PyObject* object) {
         return signatureInText(base->doc, base->name);
     }
     return std::nullopt;
+}
+
+/// Universal functions have no names for their operands, and the same options, whatever they compute.
+Signature signatureOfUniversal(const UniversalFunction& function) {
+    Signature signature;
+    for (int input = 1; input <= function.inputCount; ++input) {
+        signature.push_back({'x' + std::to_string(input), ParameterKind::positionalOnly});
+    }
+    signature.push_back({"out", ParameterKind::positionalOrKeyword});
+    for (const char* option : {"casting", "order", "dtype", "subok", "signature"}) {
+        signature.push_back({option, ParameterKind::keywordOnly});
+    }
+    const std::vector<const char*> further =
+        function.worksOnSubarrays ? std::vector{"axes", "axis"} : std::vector{"where"};
+    for (const char* option : further) {
+        signature.push_back({option, ParameterKind::keywordOnly});
+    }
+    return signature;
 }
 
 class Reader {
@@ -130,6 +157,9 @@ private:
         if (const auto call = partialCallOf(object)) {
             Found signature = read(call->function.get());
             return signature ? Found(applyTo(std::move(*signature), *call)) : std::nullopt;
+        }
+        if (const auto universal = universalFunctionOf(object)) {
+            return signatureOfUniversal(*universal);
         }
         Found builtIn = signatureOfBuiltIn(object);
         return builtIn ? builtIn : readCallMethod(object);

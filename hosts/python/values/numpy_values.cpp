@@ -32,24 +32,8 @@ void** readApi() {
     return static_cast<void**>(table);
 }
 
-/// Whether the package is there, in a version whose objects look as they did when this was compiled.
-bool isLoaded() {
-    if (contextdata_python_host_array_api != nullptr) {
-        return true;
-    }
-    void** table = readApi();
-    if (table == nullptr) {
-        return false;
-    }
-    contextdata_python_host_array_api = table;
-    if (PyArray_GetNDArrayCVersion() != NPY_VERSION) {
-        contextdata_python_host_array_api = nullptr;
-    }
-    return contextdata_python_host_array_api != nullptr;
-}
-
 PyArrayObject* asExactArray(PyObject* object) {
-    return isLoaded() && PyArray_CheckExact(object) ? reinterpret_cast<PyArrayObject*>(object) : nullptr;
+    return isNumpyUsable() && PyArray_CheckExact(object) ? reinterpret_cast<PyArrayObject*>(object) : nullptr;
 }
 
 qxClassID integerKind(std::size_t size, bool isSigned) {
@@ -154,8 +138,23 @@ bool hasOwnElements(PyArrayObject* array) {
 
 }  // namespace
 
+bool isNumpyUsable() {
+    if (contextdata_python_host_array_api != nullptr) {
+        return true;
+    }
+    void** table = readApi();
+    if (table == nullptr) {
+        return false;
+    }
+    contextdata_python_host_array_api = table;
+    if (PyArray_GetNDArrayCVersion() != NPY_VERSION) {
+        contextdata_python_host_array_api = nullptr;
+    }
+    return contextdata_python_host_array_api != nullptr;
+}
+
 std::optional<qxClassID> numpyKindOf(PyObject* object) {
-    if (!isLoaded()) {
+    if (!isNumpyUsable()) {
         return std::nullopt;
     }
     if (PyArrayObject* array = asExactArray(object)) {
@@ -204,7 +203,7 @@ std::size_t numpyLengthOf(PyObject* object) {
 }
 
 const double* numpyDoublesOf(PyObject* object) {
-    if (!isLoaded()) {
+    if (!isNumpyUsable()) {
         return nullptr;
     }
     if (Py_TYPE(object) == &PyDoubleArrType_Type) {
@@ -228,7 +227,7 @@ Ref numpyItem(PyObject* object, PyObject* index) {
 }
 
 Ref numpyFieldsOf(PyObject* object) {
-    if (!isLoaded()) {
+    if (!isNumpyUsable()) {
         return {};
     }
     const PyArray_Descr* type = nullptr;
@@ -242,7 +241,7 @@ Ref numpyFieldsOf(PyObject* object) {
 }
 
 bool isNumpyTrue(PyObject* object) {
-    if (!isLoaded()) {
+    if (!isNumpyUsable()) {
         return false;
     }
     if (Py_TYPE(object) == &PyBoolArrType_Type) {
@@ -254,7 +253,7 @@ bool isNumpyTrue(PyObject* object) {
 }
 
 bool isNumpyOwnType(PyTypeObject* type) {
-    return isLoaded() &&
+    return isNumpyUsable() &&
            (type == &PyArray_Type || scalarNumberOf(type).has_value() ||
             (PyType_IsSubtype(type, &PyArrayDescr_Type) && isNamedType(Py_TYPE(type), "numpy._DTypeMeta")));
 }

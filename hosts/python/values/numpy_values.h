@@ -12,6 +12,9 @@
 
 namespace python_host {
 
+/// Whether the package is loaded, in a version whose objects look as they did when this was compiled.
+bool isNumpyUsable();
+
 /// The kind of an exact array, or of an array scalar; nothing for any other object. Subclasses of the array are classes
 /// of their own.
 std::optional<qxClassID> numpyKindOf(PyObject* object);
