@@ -4,6 +4,7 @@
 #   ./run.sh complete 'TEXT'      what may follow the text
 #   ./run.sh members NAME         what a class, module or object offers
 #   ./run.sh describe NAME|TEXT   all that is known about a class
+#   ./run.sh what FOLDER KIND     what a folder on the search path holds
 #   ./run.sh --help               all commands
 # The first run installs what is missing and builds; later runs answer at once.
 set -euo pipefail
