@@ -49,9 +49,14 @@ vfs::Location PathEntry::getLocation() const {
 
 std::optional<vfs::Location> PathEntry::findFolder(const std::u16string& name) const {
     enter(Service::pathEntryFindFolder);
-    const fs::path folder = fs::path(path_) / fs::path(name);
+    const fs::path entry(path_);
+    const fs::path inside = entry / fs::path(name);
     std::error_code failed;
-    return fs::is_directory(folder, failed) ? std::optional(memory_host::locationOf(folder.u16string())) : std::nullopt;
+    if (fs::is_directory(inside, failed)) {
+        return memory_host::locationOf(inside.u16string());
+    }
+    const bool isEntry = fs::path(name) == entry.filename() && fs::is_directory(entry, failed);
+    return isEntry ? std::optional(memory_host::locationOf(path_)) : std::nullopt;
 }
 
 std::int32_t PathEntry::getKind() const {

@@ -59,6 +59,15 @@ TEST_F(WhatListTest, NamedFolderIsSoughtOnTheSearchPathAlone) {
     EXPECT_EQ(world.journal().countOf(Service::getCurrentWorkingFolder), 0U);
 }
 
+TEST_F(WhatListTest, AnEntryOfThatNameIsTheFolderItself) {
+    disk.file("lib/tools/there.k");
+    disk.file("lib/tools/tools/deeper.k");
+    disk.file("other/tools/own.k");
+    world.searchPathEntry(disk.text("lib/tools"));
+    world.searchPathEntry(disk.text("other/tools"));
+    EXPECT_THAT(listed(u"tools", ".k"), ElementsAre(u"deeper.k", u"own.k"));
+}
+
 TEST_F(WhatListTest, FolderThatIsNowhereYieldsNothing) {
     disk.folder("lib");
     disk.file("lib/tools");  // a file of that name
