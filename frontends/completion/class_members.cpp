@@ -1,6 +1,7 @@
 #include "frontends/completion/class_members.h"
 
 #include <unordered_map>
+#include <utility>
 
 #include "contextdata/class_member_names.h"
 #include "contextdata/introspection.h"
@@ -32,9 +33,15 @@ public:
         }
     }
 
-    std::u16string of(const std::u16string& name) {
+    /// The item of a listed name. `listed` is the class whose members are listed.
+    Item itemOf(std::u16string name, Kind kind, const zelk::COSClass* listed) {
         const auto found = classes_.find(name);
-        return found == classes_.end() ? std::u16string() : displayName(found->second);
+        if (found == classes_.end()) {
+            return {std::move(name), kind, {}};
+        }
+        Item item{std::move(name), kind, displayName(found->second)};
+        item.isInherited = found->second != listed;
+        return item;
     }
 
 private:
@@ -84,18 +91,23 @@ DefiningClasses definingClassesOfEnumerationMembers(zelk::COSClass& cls) {
     return classes;
 }
 
-void append(std::vector<Item>& items, const ResolvedClassID& cls, Listing listing, Kind kind,
-            DefiningClasses& definingClasses) {
-    Names names = unlessItFails([&] {
+/// The class whose members are listed.
+struct Listed {
+    const ResolvedClassID& id;
+    const zelk::COSClass* cls;
+};
+
+void append(std::vector<Item>& items, const Listed& of, Listing listing, Kind kind, DefiningClasses& definingClasses) {
+    const Names names = unlessItFails([&] {
         Names listed;
         bool isOpen = false;
-        listing(cls, listed, isOpen);
+        listing(of.id, listed, isOpen);
         return listed;
     });
     items.reserve(items.size() + names.size());
-    for (std::u16string& name : names) {
-        std::u16string definingClass = unlessItFails([&] { return definingClasses.of(name); });
-        items.push_back({std::move(name), kind, std::move(definingClass)});
+    for (const std::u16string& name : names) {
+        Item item = unlessItFails([&] { return definingClasses.itemOf(name, kind, of.cls); });
+        items.push_back(item.name.empty() ? Item{name, kind, {}} : std::move(item));
     }
 }
 
@@ -107,17 +119,18 @@ Items membersOfClass(const ResolvedClassID& id, Side side) {
     if (cls == nullptr) {
         return {};
     }
+    const Listed listed{id, cls};
     std::vector<Item> items;
     if (side == Side::classItself) {
         DefiningClasses classes = unlessItFails([&] { return definingClassesOfEnumerationMembers(*cls); });
-        append(items, id, getClassEnumerationNames, Kind::enumerationMember, classes);
+        append(items, listed, getClassEnumerationNames, Kind::enumerationMember, classes);
     }
     DefiningClasses ofProperties = unlessItFails([&] { return definingClassesOfProperties(*cls); });
-    append(items, id, getClassConstantPropertyNames, Kind::constant, ofProperties);
-    append(items, id, getClassPropertyNames, Kind::property, ofProperties);
+    append(items, listed, getClassConstantPropertyNames, Kind::constant, ofProperties);
+    append(items, listed, getClassPropertyNames, Kind::property, ofProperties);
     DefiningClasses ofMethods = unlessItFails([&] { return definingClassesOfMethods(*cls); });
-    append(items, id, getClassStaticMethodNames, Kind::staticMethod, ofMethods);
-    append(items, id, getClassMethodNames, Kind::method, ofMethods);
+    append(items, listed, getClassStaticMethodNames, Kind::staticMethod, ofMethods);
+    append(items, listed, getClassMethodNames, Kind::method, ofMethods);
     return sortedOnce(std::move(items));
 }
 

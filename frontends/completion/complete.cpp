@@ -1,70 +1,119 @@
 #include "frontends/completion/complete.h"
 
+#include <algorithm>
 #include <iterator>
 #include <span>
 #include <utility>
 
 #include "frontends/completion/arguments.h"
+#include "frontends/completion/ask.h"
 #include "frontends/completion/expression_value.h"
 #include "frontends/completion/files.h"
 #include "frontends/completion/keys.h"
 #include "frontends/completion/module_names.h"
+#include "frontends/completion/ranking.h"
+#include "frontends/completion/reason.h"
 #include "frontends/completion/value_members.h"
 
 namespace contextdata::completion {
 
 namespace {
 
-Items onlyPrefixed(Items items, std::u16string_view prefix) {
-    if (prefix.empty()) {
-        return items;
+/// The value that the members or keys are of, if it is no plain chain of names.
+qxSharedArray valueOf(const ParsedText& parsed, const Request& request) {
+    const bool isRefused = parsed.runsCode && !request.rules.runsCode;
+    return isRefused ? qxSharedArray() : valueOfExpression(parsed.expression, request.rules);
+}
+
+qxSharedArray rootOf(const ParsedText& parsed, Workspace& workspace) {
+    return unlessItFails([&] { return workspace.find(std::u16string(parsed.chain.front())); });
+}
+
+Subject subjectOf(const ParsedText& parsed, const Request& request, Workspace& workspace) {
+    const qxSharedArray root = rootOf(parsed, workspace);
+    return root ? describe(valueAtEnd(root, parsed.chain, request.rules)) : named(parsed.chain, request.file);
+}
+
+Items keysFor(const ParsedText& parsed, const Request& request, Workspace& workspace) {
+    const qxSharedArray value = keyedValueOf(parsed, request, workspace);
+    if (!value) {
+        return {};
     }
-    const auto [first, last] = rangeOfPrefix(items, prefix);
-    const auto begin = std::make_move_iterator(items.begin());
-    return {begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(last)};
+    if (parsed.wanted == Wanted::keys) {
+        return keysOf(value.get(), parsed.quote, request.language);
+    }
+    return wholeKeysOf(value.get(), quoteOfKey(parsed.wholeKey), request.language);
 }
 
-/// A chain points into one text from its first name to its last.
-bool isTooLong(std::span<const std::u16string_view> chain) {
-    return !chain.empty() &&
-           static_cast<std::size_t>(&chain.back().back() - &chain.front().front()) >= longestExpression;
+Items argumentsFor(const ParsedText& parsed, const Request& request) {
+    return argumentsOf({parsed.chain, parsed.given, parsed.positions}, request.file, request.language);
 }
 
-Items keysFor(const ParsedText& parsed, const Language& language, Workspace& workspace) {
-    const qxSharedArray value =
-        parsed.expression.empty() ? valueAt(parsed.chain, workspace) : valueOfExpression(parsed.expression);
-    return value ? keysOf(value.get(), parsed.quote, language) : Items();
-}
+Items namesOf(const Request& request) { return {request.names.begin(), request.names.end()}; }
 
 Items allItemsFor(const ParsedText& parsed, const Request& request, Workspace& workspace) {
     switch (parsed.wanted) {
         case Wanted::members:
-            return membersOf(resolve(parsed.chain, request.file, workspace), request.asker);
+            return membersOf(subjectOf(parsed, request, workspace), request.asker);
         case Wanted::membersOfExpression:
-            return membersOf(describe(valueOfExpression(parsed.expression)), request.asker);
+            return membersOf(describe(valueOf(parsed, request)), request.asker);
+        case Wanted::names:
+            return namesOf(request);
         case Wanted::modules:
             return modulesIn(parsed.chain);
         case Wanted::importedNames:
             return namesToImport(parsed.chain);
         case Wanted::keys:
-            return keysFor(parsed, request.language, workspace);
+        case Wanted::wholeKeys:
+            return keysFor(parsed, request, workspace);
         case Wanted::arguments:
-            return argumentsOf({parsed.chain, parsed.given, parsed.positions}, request.file, request.language);
+            return argumentsFor(parsed, request);
         case Wanted::files:
-            return filesOf(parsed.fragment, parsed.quote, request.language);
         case Wanted::nothing:
             break;
     }
     return {};
 }
 
+/// Where an argument was begun, it may be a name as well. Rank puts both in one order, else the names come behind.
+Items withNames(Items arguments, const ParsedText& parsed, const Request& request) {
+    const Choice choice{parsed.fragment, request.isRanked};
+    Items names = parsed.fragment.empty() ? Items() : namesOf(request);
+    if (!request.isRanked) {
+        arguments = chosen(std::move(arguments), choice);
+        names = chosen(std::move(names), choice);
+    }
+    std::move(names.begin(), names.end(), std::back_inserter(arguments));
+    return request.isRanked ? chosen(std::move(arguments), choice) : arguments;
+}
+
+void limit(Completions& answer, std::size_t most) {
+    if (answer.items.size() > most) {
+        answer.leftOut = answer.items.size() - most;
+        answer.items.resize(most);
+    }
+}
+
 }  // namespace
+
+qxSharedArray keyedValueOf(const ParsedText& parsed, const Request& request, Workspace& workspace) {
+    if (!parsed.expression.empty()) {
+        return valueOf(parsed, request);
+    }
+    const qxSharedArray root = rootOf(parsed, workspace);
+    return root ? valueAtEnd(root, parsed.chain, request.rules) : qxSharedArray();
+}
 
 Items itemsFor(const ParsedText& parsed, const Request& request, Workspace& workspace) {
     if (parsed.wanted != Wanted::members && isTooLong(parsed.chain)) {
         return {};
     }
-    return onlyPrefixed(allItemsFor(parsed, request, workspace), typedName(parsed));
+    if (parsed.wanted == Wanted::files) {
+        return filesOf(parsed.fragment, parsed.quote, request.language, request.isRanked);
+    }
+    Items items = allItemsFor(parsed, request, workspace);
+    return parsed.wanted == Wanted::arguments ? withNames(std::move(items), parsed, request)
+                                              : chosen(std::move(items), {typedName(parsed), request.isRanked});
 }
 
 std::u16string_view typedName(const ParsedText& parsed) noexcept {
@@ -73,11 +122,16 @@ std::u16string_view typedName(const ParsedText& parsed) noexcept {
 
 Completions complete(const Request& request, Workspace& workspace) {
     const ParsedText parsed = parse(request.text, request.cursor);
-    Items items = itemsFor(parsed, request, workspace);
-    if (parsed.refusal != Refusal::none && items.empty()) {
-        return {parsed.refusal, parsed.end, parsed.end, {}};
+    Completions answer;
+    answer.end = parsed.end;
+    answer.items = itemsFor(parsed, request, workspace);
+    if (answer.items.empty()) {
+        answer.refusal = parsed.refusal;
+        answer.reason = reasonFor(parsed, request, workspace);
     }
-    return {Refusal::none, parsed.end - typedName(parsed).size(), parsed.end, std::move(items)};
+    answer.start = parsed.end - (answer.refusal == Refusal::none ? typedName(parsed).size() : 0);
+    limit(answer, request.limit);
+    return answer;
 }
 
 }  // namespace contextdata::completion

@@ -5,12 +5,15 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "frontends/completion/item.h"
 #include "frontends/completion/language.h"
 #include "frontends/completion/parse.h"
+#include "frontends/completion/rules.h"
 #include "frontends/completion/subject.h"
 
 namespace contextdata::completion {
@@ -23,28 +26,40 @@ struct Request {
     ZELKContextData::ResolvedClassID asker = {};
     /// Outlives the call.
     const Language& language = plainLanguage();
+    /// What the front end holds that is named without a dot: variables, words of the language. In any order; of one
+    /// name, the first counts. Borrowed for the call.
+    std::span<const Item> names = {};
+    /// The answer is ordered by rank, and names that fit less closely are forgiven (ranking.h).
+    bool isRanked = false;
+    std::size_t limit = std::numeric_limits<std::size_t>::max();  ///< the most items of an answer
+    Rules rules = {};
 };
 
 struct Completions {
     Refusal refusal = Refusal::none;  ///< why the text offers nothing; `none` also when its subject is unknown
     std::size_t start = 0;            ///< the range that a chosen name replaces, in UTF-16 units
     std::size_t end = 0;
+    /// Sorted by name, or by rank; the arguments of a call always before the names.
     Items items;
+    std::size_t leftOut = 0;  ///< how many more there are than the limit allows
+    std::u16string reason;    ///< why there are none, for people; empty when there are some
 };
 
-/// What may stand at the cursor, sorted by name. Interpreter thread; the interrupt passes, and a source that the host
-/// fails at contributes nothing.
+/// What may stand at the cursor. Interpreter thread; the interrupt passes, and a source that the host fails at
+/// contributes nothing.
 ///
-/// Chains with constant subscripts, and the functions that calls name, are looked up in the host's current workspace,
-/// by the rules that the host evaluates by; all else of the text is not evaluated at all. A front end whose variables
-/// are not the host's makes them so for the call.
+/// Chains with constant subscripts, literals, and the functions that calls name, are looked up in the host's current
+/// workspace, by the rules that the host evaluates by; all else of the text is not evaluated at all, unless the rules
+/// of the request let code run. A front end whose variables are not the host's makes them so for the call.
 Completions complete(const Request& request, Workspace& workspace);
 
 /// The part of what was typed that a chosen name replaces: of a path what follows the last folder, else the fragment.
 std::u16string_view typedName(const ParsedText& parsed) noexcept;
 
-/// The same for a text that was parsed: all that begins with what was typed, whatever is wanted. Empty where nothing
-/// is.
+/// The same for a text that was parsed: all that fits what was typed, whatever is wanted. Empty where nothing is.
 Items itemsFor(const ParsedText& parsed, const Request& request, Workspace& workspace);
+
+/// Of a text where keys are wanted: the value that has them; empty when there is none, or none that may be had.
+qxSharedArray keyedValueOf(const ParsedText& parsed, const Request& request, Workspace& workspace);
 
 }  // namespace contextdata::completion

@@ -1,10 +1,12 @@
 #include "frontends/completion/files.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "frontends/completion/ask.h"
+#include "frontends/completion/ranking.h"
 #include "host/dispatcher.h"
 #include "host/file_system.h"
 
@@ -38,34 +40,45 @@ Names entriesOf(const std::u16string& folder) {
     return entries;
 }
 
-std::vector<Item> itemsIn(const std::u16string& folder, std::u16string_view beginning, char16_t quote,
-                          const Language& language) {
+std::vector<Item> filesIn(const std::u16string& folder, bool showsHidden, char16_t quote, const Language& language) {
     std::vector<Item> items;
     for (const std::u16string& entry : entriesOf(folder)) {
-        const bool isHidden = entry.starts_with(u'.') && beginning.empty();
+        const bool isHidden = entry.starts_with(u'.') && !showsHidden;
         std::u16string name = isHidden ? std::u16string() : language.escaped(entry, quote);
-        if (name.empty() || !name.starts_with(beginning)) {
-            continue;
-        }
-        if (isFolder(folder + entry)) {
-            items.push_back({std::move(name) + folderMark, Kind::folder, {}});
-        } else {
-            items.push_back({std::move(name), Kind::file, {}});
+        if (!name.empty()) {
+            // The entry itself, until it is known what it is.
+            items.push_back({std::move(name), Kind::file, entry});
         }
     }
     return items;
+}
+
+/// Asking the file system takes a time for each, so only what is chosen is asked about.
+Items withFoldersMarked(Items items, const std::u16string& folder) {
+    for (Item& item : items) {
+        if (isFolder(folder + std::exchange(item.definingClass, {}))) {
+            item.kind = Kind::folder;
+            item.name += folderMark;
+        }
+    }
+    std::sort(items.begin(), items.end(), ranksBefore);
+    return items;
+}
+
+Items itemsIn(const std::u16string& folder, const Choice& choice, char16_t quote, const Language& language) {
+    return withFoldersMarked(chosen(filesIn(folder, !choice.typed.empty(), quote, language), choice), folder);
 }
 
 }  // namespace
 
 std::u16string_view lastOfPath(std::u16string_view path) noexcept { return path.substr(path.rfind(folderMark) + 1); }
 
-Items filesOf(std::u16string_view path, char16_t quote, const Language& language) {
+Items filesOf(std::u16string_view path, char16_t quote, const Language& language, bool isRanked) {
     const bool hasEscape = path.find(u'\\') != std::u16string_view::npos;
     if (hasEscape || path.starts_with(u'~')) {
         return {};
     }
-    return sortedOnce(unlessItFails([&] { return itemsIn(folderOf(path), lastOfPath(path), quote, language); }));
+    return unlessItFails([&] { return itemsIn(folderOf(path), {lastOfPath(path), isRanked}, quote, language); });
 }
 
 }  // namespace contextdata::completion

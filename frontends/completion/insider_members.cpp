@@ -1,6 +1,7 @@
 #include "frontends/completion/insider_members.h"
 
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,10 +18,18 @@ using ZELKContextData::ResolvedClassID;
 
 namespace {
 
+std::string_view detailOf(std::int32_t access) {
+    if (access == zelk::privateAccess) {
+        return "private";
+    }
+    return access == zelk::publicAccess ? std::string_view() : "protected";
+}
+
 /// Collects what one asker may use.
 class InsiderMembers {
 public:
-    explicit InsiderMembers(const Lineage& asker) : asker_(asker) {}
+    /// `listed` is the name of the class whose members are listed; it outlives this.
+    InsiderMembers(const Lineage& asker, const std::u16string& listed) : asker_(asker), listed_(listed) {}
 
     /// The members of a class that access codes or access lists open to the asker. Each class of the lineage tells
     /// for itself.
@@ -42,10 +51,10 @@ private:
         MethodInfo::GetOptions options;
         options.accessibility = accessCodes;
         options.accessingClass = &asker_;
-        for (MethodInfo& method : methodsFrom(one, declarations, options)) {
-            if (declarations.find(method.name)->isListable) {
-                const Kind kind = method.isStatic ? Kind::staticMethod : Kind::method;
-                items_.push_back({std::move(method.name), kind, one.getClass()});
+        for (const MethodInfo& method : methodsFrom(one, declarations, options)) {
+            const Declaration* declaration = declarations.find(method.name);
+            if (declaration->isListable) {
+                add(method.name, method.isStatic ? Kind::staticMethod : Kind::method, one, *declaration);
             }
         }
     }
@@ -55,16 +64,23 @@ private:
         PropertyInfo::GetOptions options;
         options.accessibility = accessCodes;
         options.accessingClass = &asker_;
-        for (PropertyInfo& property : propertiesFrom(one, declarations, options)) {
+        for (const PropertyInfo& property : propertiesFrom(one, declarations, options)) {
             const Declaration* declaration = declarations.find(property.name);
             if (declaration->isListable) {
-                const Kind kind = declaration->isConstant() ? Kind::constant : Kind::property;
-                items_.push_back({std::move(property.name), kind, one.getClass()});
+                add(property.name, declaration->isConstant() ? Kind::constant : Kind::property, one, *declaration);
             }
         }
     }
 
+    void add(const std::u16string& name, Kind kind, const ClassInfo& one, const Declaration& declaration) {
+        Item item{name, kind, one.getClass()};
+        item.detail = detailOf(declaration.access);
+        item.isInherited = one.getClass() != listed_;
+        items_.push_back(std::move(item));
+    }
+
     const Lineage& asker_;
+    const std::u16string& listed_;
     std::vector<Item> items_;
 };
 
@@ -78,7 +94,8 @@ Items insiderMembersOf(const ResolvedClassID& cls, const ResolvedClassID& asker)
     if (lineage.classes().empty() || asking.classes().empty() || object == nullptr || askingObject == nullptr) {
         return {};
     }
-    InsiderMembers members(asking);
+    const std::u16string& listed = lineage.getClass();
+    InsiderMembers members(asking, listed);
     // What is private to the asker comes first: to its code, the name means that.
     if (lineage.isA(asking.getSuperclassInfo().classID)) {
         members.add({asking.classes().front()}, *askingObject, {zelk::privateAccess});

@@ -10,8 +10,8 @@ namespace contextdata::completion {
 namespace {
 
 constexpr std::array<const char*, kindCount> kindTexts = {
-    "method", "static method", "property", "constant", "enumeration member", "class", "function", "namespace", "field",
-    "key",    "argument",      "file",     "folder"};
+    "method", "static method", "property", "constant", "enumeration member", "class",  "function", "namespace", "field",
+    "key",    "argument",      "file",     "folder",   "variable",           "keyword"};
 
 bool nameBefore(const Item& left, const Item& right) { return left.name < right.name; }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,19 +24,30 @@ enum class Kind {
     argument,  ///< with the mark that a value follows
     file,
     folder,  ///< with the mark that divides folders
+    variable,
+    keyword,
 };
 
 /// The number of kinds, for tables that are indexed by kind.
-inline constexpr std::size_t kindCount = static_cast<std::size_t>(Kind::folder) + 1;
+inline constexpr std::size_t kindCount = static_cast<std::size_t>(Kind::keyword) + 1;
 
 /// The word that people read for a kind ("static method", "namespace", ...). Permanent, zero-terminated.
 const char* textOf(Kind kind) noexcept;
+
+/// Where an item stands among others: a smaller one comes first.
+using SortKey = std::uint8_t;
 
 struct Item {
     std::u16string name;
     Kind kind = Kind::property;
     /// The full name of the class that declares the member, without package qualification; empty when unknown.
     std::u16string definingClass;
+    /// What stands beside the name, for people: the access of a member that is not everybody's. Permanent.
+    std::string_view detail = {};
+    /// Of a member, whether a superclass declares it; of a name without a dot, whether it comes with the language.
+    bool isInherited = false;
+    /// In an answer that is ordered by rank, what the order goes by before the name (ranking.h); 0 elsewhere.
+    SortKey sortKey = 0;
 
     friend bool operator==(const Item&, const Item&) = default;
 };

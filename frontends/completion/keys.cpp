@@ -48,4 +48,17 @@ Items keysOf(const qxArray* value, char16_t quote, const Language& language) {
     return sortedOnce(std::move(items));
 }
 
+char16_t quoteOfKey(std::u16string_view typed) noexcept {
+    const std::size_t place = typed.find_first_of(u"'\"");
+    return place == std::u16string_view::npos ? u'\'' : typed[place];
+}
+
+Items wholeKeysOf(const qxArray* value, char16_t quote, const Language& language) {
+    Items items = keysOf(value, quote, language);
+    for (Item& item : items) {
+        item.name = quote + item.name + quote;
+    }
+    return items;
+}
+
 }  // namespace contextdata::completion

@@ -1,6 +1,8 @@
 // The keys that may stand in a subscript.
 #pragma once
 
+#include <string_view>
+
 #include "frontends/completion/item.h"
 #include "frontends/completion/language.h"
 #include "host/array_library.h"
@@ -13,5 +15,11 @@ namespace contextdata::completion {
 /// values when they are asked. A key that no such string can hold is left out. The interrupt passes; a failure is no
 /// keys.
 Items keysOf(const qxArray* value, char16_t quote, const Language& language);
+
+/// The mark by which strings are written where a key was begun: the first one that was typed of it.
+char16_t quoteOfKey(std::u16string_view typed) noexcept;
+
+/// The same as they are written, in strings of `quote`.
+Items wholeKeysOf(const qxArray* value, char16_t quote, const Language& language);
 
 }  // namespace contextdata::completion

@@ -10,7 +10,7 @@ namespace contextdata::completion {
 const char* textOf(Refusal refusal) noexcept {
     constexpr std::array<const char*, 7> texts = {
         "",
-        "no dotted name",
+        "no name is being typed",
         "in a string",
         "in a comment",
         "in or after a number",

@@ -10,11 +10,11 @@ namespace contextdata::completion {
 /// Why a text offers nothing.
 enum class Refusal {
     none,
-    noDot,            ///< no dotted chain ends at the cursor
+    noName,           ///< no name is being typed, and none is awaited
     insideString,     ///< the cursor stands in a string literal, f-strings included
     insideComment,    ///< the cursor stands in a comment
     afterNumber,      ///< the cursor stands in a number, or the dot follows one
-    needsEvaluation,  ///< what stands before the dot is no chain of names: a call, a subscript, a literal
+    needsEvaluation,  ///< what stands before the dot is no chain of names: a call, a subscript
     danglingDot,      ///< a dot with no name before it
 };
 
@@ -26,30 +26,37 @@ enum class Wanted {
     nothing,
     members,              ///< what follows the chain and a dot
     membersOfExpression,  ///< what follows the value of `expression` and a dot
+    names,                ///< what the text can name without a dot
     modules,              ///< the modules in the one that the chain names, or outermost ones when it is empty
     importedNames,        ///< what code may take from the module that the chain names
-    keys,                 ///< the keys of the value of `expression`, or of the chain
-    arguments,            ///< the names of arguments in a call of the chain
-    files,                ///< what lies in a folder
+    keys,       ///< the keys of the value of `expression`, or of the chain, that the string at the cursor may hold
+    wholeKeys,  ///< the same as they are written, quotes and all
+    arguments,  ///< the names of arguments in a call of the chain; when one was begun, names as well
+    files,      ///< what lies in a folder
 };
 
 struct ParsedText {
     /// Why no plain chain of names ends at the cursor. Something else than members may be wanted there even so.
-    Refusal refusal = Refusal::noDot;
+    Refusal refusal = Refusal::noName;
     Wanted wanted = Wanted::nothing;
-    /// The names before the last dot, never empty unless refused; where something else is wanted, see there. They
+    /// The names before the last dot, never empty where members are wanted; where something else is, see there. They
     /// point into the text that was parsed.
     std::vector<std::u16string_view> chain;
     /// What was typed of the wanted name up to the cursor; perhaps empty. Points into the text. Of a key or file it is
-    /// the text as it stands in the string, escapes and folders included.
+    /// the text as it stands in the string, escapes and folders included; of a whole key, all behind the bracket.
     std::u16string_view fragment;
     /// The range that a chosen name replaces, in UTF-16 units: from the fragment's start to the cursor.
     std::size_t start = 0;
     std::size_t end = 0;
-    /// A chain of names with constant subscripts, whose value has the members or keys. Empty where the chain says all.
+    /// What has the members or keys, when it is more than a chain of names; empty where the chain says all. Points into
+    /// the text, or is a literal of the same type.
     std::u16string_view expression;
+    /// Whether code would have to run for the value of `expression`: a call, an operator.
+    bool runsCode = false;
     /// The mark that opened the string of a key or file.
     char16_t quote = 0;
+    /// Of a key, all that was typed behind the bracket.
+    std::u16string_view wholeKey;
     /// What stands in the call before the cursor: names of arguments, and how many arguments go by their position.
     std::vector<std::u16string_view> given;
     std::size_t positions = 0;

@@ -1,8 +1,10 @@
 // What the end of a text makes of what was read before.
+#include <algorithm>
 #include <utility>
 
 #include "frontends/completion/characters.h"
 #include "frontends/completion/scanner.h"
+#include "frontends/completion/words.h"
 
 namespace contextdata::completion {
 
@@ -15,6 +17,8 @@ ParsedText Scanner::result() {
     } else if (stop_ == Refusal::none && !wantImport(parsed)) {
         wantMembers(parsed);
         wantArgument(parsed);
+        wantName(parsed);
+        wantWholeKey(parsed);
     }
     return parsed;
 }
@@ -24,31 +28,33 @@ Refusal Scanner::refusal() const {
         return stop_;
     }
     switch (tail_) {
-        case Tail::nameDot:
-            return operand_.isSubscripted ? Refusal::needsEvaluation : Refusal::none;
+        case Tail::dot:
+            return operand_.form == Operand::Form::names ? Refusal::none : Refusal::needsEvaluation;
         case Tail::name:
-            if (operand_.isSubscripted) {
+            if (operand_.form != Operand::Form::names) {
                 return Refusal::needsEvaluation;
             }
-            return operand_.chain.size() > 1 && endsInFragment() ? Refusal::none : Refusal::noDot;
+            return operand_.chain.size() > 1 && endsInFragment() ? Refusal::none : Refusal::noName;
         case Tail::number:
         case Tail::numberDot:
             return Refusal::afterNumber;
-        case Tail::operandDot:
-        case Tail::member:
-            return Refusal::needsEvaluation;
         case Tail::dangling:
             return Refusal::danglingDot;
         case Tail::nothing:
+        case Tail::keyword:
         case Tail::operand:
-        case Tail::subscript:
             break;
     }
-    return Refusal::noDot;
+    return Refusal::noName;
 }
 
 /// Whether a name is being typed.
 bool Scanner::endsInFragment() const { return tail_ == Tail::name && !isBlank(text_.back()); }
+
+/// Whether a name is being typed that no dot stands before.
+bool Scanner::endsInPlainName() const {
+    return endsInFragment() && operand_.form == Operand::Form::names && operand_.chain.size() == 1;
+}
 
 void Scanner::takeFragment(ParsedText& parsed, std::u16string_view fragment) const {
     parsed.fragment = fragment;
@@ -57,7 +63,7 @@ void Scanner::takeFragment(ParsedText& parsed, std::u16string_view fragment) con
 }
 
 void Scanner::takeValueOf(ParsedText& parsed, const Operand& operand, std::size_t end) const {
-    if (!operand.isSubscripted) {
+    if (operand.form == Operand::Form::names) {
         parsed.chain = operand.chain;
         return;
     }
@@ -65,24 +71,60 @@ void Scanner::takeValueOf(ParsedText& parsed, const Operand& operand, std::size_
     while (isBlank(parsed.expression.back())) {
         parsed.expression.remove_suffix(1);
     }
+    parsed.runsCode = operand.form == Operand::Form::code;
+}
+
+void Scanner::takeKeysOf(ParsedText& parsed, const OpenBracket& subscript) const {
+    takeValueOf(parsed, subscript.before(), subscript.position());
+    std::size_t begin = subscript.position() + 1;
+    while (begin < text_.size() && isBlank(text_[begin])) {
+        ++begin;
+    }
+    parsed.wholeKey = text_.substr(begin);
 }
 
 void Scanner::wantInString(ParsedText& parsed) {
-    if (!isPlainString_ || deeperBrackets_ > 0) {
-        return;
-    }
     const OpenBracket* bracket = innermost();
     const bool isSubscript = bracket != nullptr && bracket->role() == OpenBracket::Role::subscript;
-    const bool isOtherSubscript = bracket != nullptr && bracket->role() == OpenBracket::Role::otherSubscript;
-    if (isOtherSubscript || (isSubscript && !isWholeKey_)) {
+    const bool isPlain = prefix_.empty() && !isTriple_ && deeperBrackets_ == 0;
+    if (!isPlain || (isSubscript && !isWholeKey_) || (!isSubscript && subscriptOfKey() != nullptr)) {
+        wantWholeKey(parsed);
         return;
     }
     takeFragment(parsed, text_.substr(contentBegin_));
     parsed.quote = quote_;
     parsed.wanted = isSubscript ? Wanted::keys : Wanted::files;
     if (isSubscript) {
-        takeValueOf(parsed, bracket->before(), bracket->position());
+        takeKeysOf(parsed, *bracket);
     }
+}
+
+/// The subscript that the cursor stands in when constants are all that was typed in it, a bracket around them included.
+const OpenBracket* Scanner::subscriptOfKey() const {
+    if (brackets_.empty() || deeperBrackets_ > 0) {
+        return nullptr;
+    }
+    const OpenBracket* bracket = &brackets_.back();
+    if (bracket->role() == OpenBracket::Role::other && bracket->isConstant() && brackets_.size() > 1) {
+        const OpenBracket* outer = &brackets_[brackets_.size() - 2];
+        const std::u16string_view between =
+            text_.substr(outer->position() + 1, bracket->position() - outer->position() - 1);
+        bracket = std::all_of(between.begin(), between.end(), isBlank) ? outer : bracket;
+    }
+    const bool isKey = bracket->role() == OpenBracket::Role::subscript && bracket->isConstant();
+    return isKey ? bracket : nullptr;
+}
+
+/// Where a constant may begin or go on that no string at the cursor can be taken for.
+void Scanner::wantWholeKey(ParsedText& parsed) {
+    const OpenBracket* subscript = subscriptOfKey();
+    const bool isInString = stop_ == Refusal::insideString && !isTriple_;
+    if (parsed.wanted != Wanted::nothing || subscript == nullptr || !(isInString || tail_ == Tail::nothing)) {
+        return;
+    }
+    takeKeysOf(parsed, *subscript);
+    takeFragment(parsed, parsed.wholeKey);
+    parsed.wanted = Wanted::wholeKeys;
 }
 
 /// Answers whether the cursor stands where a statement imports something.
@@ -96,8 +138,8 @@ bool Scanner::wantImport(ParsedText& parsed) {
     const bool isAfterWord = !text_.empty() && isNameUnit(text_.back());
     const bool beginsName = tail_ == Tail::nothing && !isAfterWord;
     const bool mayBeDotted = state == State::modules || state == State::module;
-    if (state == State::otherName || !(isName || beginsName || (tail_ == Tail::nameDot && mayBeDotted))) {
-        parsed.refusal = parsed.refusal == Refusal::none ? Refusal::noDot : parsed.refusal;
+    if (state == State::otherName || !(isName || beginsName || (tail_ == Tail::dot && mayBeDotted))) {
+        parsed.refusal = parsed.refusal == Refusal::none ? Refusal::noName : parsed.refusal;
         return true;
     }
     std::vector<std::u16string_view> chain = beginsName ? std::vector<std::u16string_view>() : operand_.chain;
@@ -116,16 +158,24 @@ bool Scanner::wantImport(ParsedText& parsed) {
 }
 
 void Scanner::wantMembers(ParsedText& parsed) {
-    const bool isMember = tail_ == Tail::nameDot || (operand_.chain.size() > 1 && endsInFragment());
-    if (!isMember) {
+    if (tail_ != Tail::dot && (!endsInFragment() || endsInPlainName())) {
         return;
     }
     if (tail_ == Tail::name) {
         takeFragment(parsed, operand_.chain.back());
         operand_.chain.pop_back();
     }
-    parsed.wanted = operand_.isSubscripted ? Wanted::membersOfExpression : Wanted::members;
-    takeValueOf(parsed, operand_, dotPosition_);
+    if (operand_.form == Operand::Form::names) {
+        parsed.wanted = Wanted::members;
+        parsed.chain = operand_.chain;
+        return;
+    }
+    parsed.wanted = Wanted::membersOfExpression;
+    if (operand_.standIn.empty() || !operand_.chain.empty()) {
+        takeValueOf(parsed, operand_, dotPosition_);
+    } else {
+        parsed.expression = operand_.standIn;
+    }
 }
 
 void Scanner::wantArgument(ParsedText& parsed) {
@@ -142,6 +192,15 @@ void Scanner::wantArgument(ParsedText& parsed) {
     parsed.chain = bracket->before().chain;
     parsed.given = bracket->given();
     parsed.positions = bracket->positions();
+}
+
+void Scanner::wantName(ParsedText& parsed) {
+    if (parsed.wanted != Wanted::nothing || !endsInPlainName() || introducesName(wordBefore_)) {
+        return;
+    }
+    takeFragment(parsed, operand_.chain.back());
+    parsed.wanted = Wanted::names;
+    parsed.refusal = Refusal::none;
 }
 
 }  // namespace contextdata::completion

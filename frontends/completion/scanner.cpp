@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "frontends/completion/characters.h"
+#include "frontends/completion/words.h"
 
 namespace contextdata::completion {
 
@@ -25,7 +26,7 @@ void Scanner::step() {
     } else if (isDigit(unit)) {
         readNumber();
     } else if (isQuote(unit)) {
-        readString();
+        readString(position_);
     } else if (unit == u'#') {
         readComment();
     } else if (isLineEnd(unit)) {
@@ -33,7 +34,7 @@ void Scanner::step() {
     } else if (isOpening(unit)) {
         readOpening(unit);
     } else if (isClosing(unit)) {
-        readClosing();
+        readClosing(unit);
     } else if (!readContinuation()) {
         readMark(unit);
     }
@@ -47,46 +48,45 @@ void Scanner::readName() {
         ++position_;
     }
     const std::u16string_view name = text_.substr(begin, position_ - begin);
-    const bool isMember = tail_ == Tail::nameDot;
-    if (OpenBracket* bracket = innermost()) {
-        isMember ? bracket->readOther() : bracket->readName(name);
+    if (position_ < text_.size() && isQuote(text_[position_]) && !beginsOperand(name)) {
+        readString(begin);
+        return;
     }
-    switch (tail_) {
-        case Tail::nameDot:
-            break;
-        case Tail::operandDot:
-            tail_ = Tail::member;
-            return;
-        case Tail::numberDot:
-            return;
-        case Tail::dangling:
-            // A name that keeps its distance is another word: `from . import name`.
-            if (dotPosition_ + 1 == begin) {
-                return;
-            }
-            [[fallthrough]];
-        default:
-            readWord(name, begin);
-            return;
+    OpenBracket* bracket = innermost();
+    if (tail_ == Tail::dot) {
+        if (bracket != nullptr) {
+            bracket->readMember();
+        }
+        operand_.chain.push_back(name);
+        tail_ = Tail::name;
+        return;
     }
-    operand_.chain.push_back(name);
-    tail_ = Tail::name;
+    if (bracket != nullptr) {
+        bracket->readName(name);
+    }
+    // A name that keeps its distance from a stray dot is another word: `from . import name`.
+    const bool isAttached = tail_ == Tail::dangling && dotPosition_ + 1 == begin;
+    if (tail_ != Tail::numberDot && !isAttached) {
+        readWord(name, begin);
+    }
 }
 
 void Scanner::readWord(std::u16string_view word, std::size_t begin) {
     const bool followsName = tail_ == Tail::name;
-    wordBefore_ = followsName && operand_.chain.size() == 1 ? operand_.chain.front() : std::u16string_view();
+    const bool followsWord = followsName || tail_ == Tail::keyword;
+    wordBefore_ = followsWord && operand_.chain.size() == 1 ? operand_.chain.front() : std::u16string_view();
     if (!followsName) {
         operand_.chain.clear();
     }
     const bool isPartOfImport = import_.readWord(word, operand_.chain);
-    operand_ = {{}, begin, false};
+    operand_ = {{}, begin};
     if (isPartOfImport) {
         tail_ = Tail::nothing;
         return;
     }
     operand_.chain.push_back(word);
-    tail_ = Tail::name;
+    // One that the cursor touches may still become a name.
+    tail_ = beginsOperand(word) && position_ < text_.size() ? Tail::keyword : Tail::name;
 }
 
 void Scanner::readDot() {
@@ -97,24 +97,15 @@ void Scanner::readDot() {
     }
     ++position_;
     if (OpenBracket* bracket = innermost()) {
-        bracket->readOther();
+        bracket->readMember();
     }
-    switch (tail_) {
-        case Tail::name:
-        case Tail::subscript:
-            tail_ = Tail::nameDot;
-            return;
-        case Tail::operand:
-        case Tail::member:
-            tail_ = Tail::operandDot;
-            break;
-        case Tail::number:
-        case Tail::numberDot:
-            tail_ = Tail::numberDot;
-            break;
-        default:
-            tail_ = Tail::dangling;
+    if (tail_ == Tail::name && operand_.form == Operand::Form::names) {
+        tail_ = Tail::dot;
+        return;
     }
+    const bool followsNumber = tail_ == Tail::number || tail_ == Tail::numberDot;
+    const bool followsOperand = tail_ == Tail::name || tail_ == Tail::operand;
+    tail_ = followsOperand ? Tail::dot : followsNumber ? Tail::numberDot : Tail::dangling;
     import_.readOther();
 }
 
@@ -139,30 +130,46 @@ void Scanner::readComment() {
     }
 }
 
-// A prefix such as `rb` was read as a name before; the string then takes its place. A backslash keeps a quote
-// from closing in raw strings too.
-void Scanner::readString() {
+/// `begin` is where the letters before the string begin, which were read already.
+void Scanner::readString(std::size_t begin) {
+    prefix_ = text_.substr(begin, position_ - begin);
     quote_ = text_[position_];
     const std::array<char16_t, 3> three = {quote_, quote_, quote_};
-    const std::u16string_view triple(three.data(), three.size());
-    const bool isTriple = text_.substr(position_, triple.size()) == triple;
-    const std::u16string_view closing = isTriple ? triple : triple.substr(0, 1);
-    isPlainString_ = !isTriple && (position_ == 0 || !isNameUnit(text_[position_ - 1]));
+    isTriple_ = text_.substr(position_, three.size()) == std::u16string_view(three.data(), three.size());
+    noteString(begin);
+    position_ += isTriple_ ? three.size() : 1;
+    contentBegin_ = position_;
+    readContent();
+}
+
+/// What a string is to those around it. Only formatted ones hold code.
+void Scanner::noteString(std::size_t begin) {
+    const bool isFormatted = prefix_.find_first_of(u"fF") != std::u16string_view::npos;
+    const bool isBytes = prefix_.find_first_of(u"bB") != std::u16string_view::npos;
+    const bool isKnown = prefix_.empty() || isStringPrefix(prefix_);
     OpenBracket* bracket = innermost();
     isWholeKey_ = bracket != nullptr && bracket->role() == OpenBracket::Role::subscript && bracket->isEmpty();
     if (bracket != nullptr) {
-        bracket->readConstant();
+        isKnown && !isFormatted ? bracket->readConstant() : bracket->readOther();
     }
     import_.readOther();
-    position_ += closing.size();
-    contentBegin_ = position_;
+    operand_ = {{}, begin, isKnown && !isFormatted ? Operand::Form::plain : Operand::Form::code};
+    if (isKnown) {
+        operand_.standIn = isBytes ? u"b''" : u"''";
+    }
     tail_ = Tail::operand;
+}
+
+// A backslash keeps a quote from closing in raw strings too.
+void Scanner::readContent() {
+    const std::array<char16_t, 3> three = {quote_, quote_, quote_};
+    const std::u16string_view closing(three.data(), isTriple_ ? three.size() : 1);
     while (position_ < text_.size()) {
         if (text_.substr(position_, closing.size()) == closing) {
             position_ += closing.size();
             return;
         }
-        if (!isTriple && isLineEnd(text_[position_])) {
+        if (!isTriple_ && isLineEnd(text_[position_])) {
             // Never closed: a mistake that ends with its line.
             return;
         }
@@ -202,40 +209,43 @@ bool Scanner::readContinuation() {
 /// Only functions that plain names lead to are known; `def name(` and `class Name(` are no calls.
 bool Scanner::isCallee() const {
     const bool isDefined = wordBefore_ == u"def" || wordBefore_ == u"class";
-    return tail_ == Tail::name && !operand_.isSubscripted && !isDefined;
+    return tail_ == Tail::name && operand_.form == Operand::Form::names && !isDefined;
 }
 
 void Scanner::readOpening(char16_t bracket) {
     using Role = OpenBracket::Role;
+    const bool isTooDeep = brackets_.size() == deepestBracket;
     if (OpenBracket* outer = innermost()) {
-        outer->readOther();
+        isTooDeep ? outer->readOther() : outer->readOpening();
     }
     import_.readOpening(bracket, tail_ == Tail::name);
-    const bool isSubscript = bracket == u'[' && (tail_ == Tail::name || tail_ == Tail::subscript);
-    const bool isCall = bracket == u'(' && isCallee();
-    if (brackets_.size() == deepestBracket) {
+    const bool hasOperand = tail_ == Tail::name || tail_ == Tail::operand;
+    if (isTooDeep) {
         ++deeperBrackets_;
-    } else if (isSubscript || isCall) {
-        brackets_.emplace_back(isCall ? Role::call : Role::subscript, std::exchange(operand_, {}), position_);
+    } else if (bracket == u'[' && hasOperand) {
+        brackets_.emplace_back(bracket, Role::subscript, std::exchange(operand_, {}), position_);
+    } else if (bracket == u'(' && isCallee()) {
+        brackets_.emplace_back(bracket, Role::call, std::exchange(operand_, {}), position_);
     } else {
-        const bool isOtherSubscript = bracket == u'[' && (tail_ == Tail::operand || tail_ == Tail::member);
-        brackets_.emplace_back(isOtherSubscript ? Role::otherSubscript : Role::other, Operand(), position_);
+        const bool isCall = bracket == u'(' && hasOperand;
+        const Operand before{{}, operand_.begin, isCall ? Operand::Form::code : Operand::Form::names};
+        brackets_.emplace_back(bracket, Role::other, before, position_);
     }
     tail_ = Tail::nothing;
     ++position_;
 }
 
 /// After a closing bracket stands the value of the bracket.
-void Scanner::readClosing() {
-    const bool isConstantSubscript = innermost() != nullptr && text_[position_] == u']' &&
-                                     innermost()->role() == OpenBracket::Role::subscript &&
-                                     innermost()->holdsConstants();
-    tail_ = Tail::operand;
-    if (isConstantSubscript) {
-        operand_ = innermost()->takeBefore();
-        operand_.isSubscripted = true;
-        tail_ = Tail::subscript;
+void Scanner::readClosing(char16_t bracket) {
+    if (innermost() != nullptr && innermost()->isClosedBy(bracket)) {
+        if (brackets_.size() > 1) {
+            brackets_[brackets_.size() - 2].readClosing(brackets_.back());
+        }
+        operand_ = innermost()->close();
+    } else {
+        operand_ = {{}, position_, Operand::Form::code};
     }
+    tail_ = Tail::operand;
     if (deeperBrackets_ > 0) {
         --deeperBrackets_;
     } else if (!brackets_.empty()) {

@@ -80,17 +80,4 @@ Subject named(std::span<const std::u16string_view> chain, const std::u16string& 
     return subject;
 }
 
-qxSharedArray valueAt(std::span<const std::u16string_view> chain, Workspace& workspace) {
-    qxSharedArray root = unlessItFails([&] { return workspace.find(std::u16string(chain.front())); });
-    return follow(std::move(root), chain.subspan(1));
-}
-
-Subject resolve(std::span<const std::u16string_view> chain, const std::u16string& contextFile, Workspace& workspace) {
-    qxSharedArray root = unlessItFails([&] { return workspace.find(std::u16string(chain.front())); });
-    if (!root) {
-        return named(chain, contextFile);
-    }
-    return describe(follow(std::move(root), chain.subspan(1)));
-}
-
 }  // namespace contextdata::completion

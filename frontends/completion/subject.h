@@ -35,20 +35,15 @@ struct Subject {
     std::u16string space;                  ///< the name of a namespace
 };
 
-/// Follows a chain of names, which is not empty.
-///
-/// The first name is a variable of the workspace, and each further one a property of the value so far: a value that
-/// the host does not give ends the search, as whatever else the names might mean, they mean that value. Only when
-/// there is no such variable, the whole chain is taken for the name of a class, as code in `contextFile` would see
-/// it, or of a namespace. The interrupt passes; other host failures refuse. Interpreter thread.
-Subject resolve(std::span<const std::u16string_view> chain, const std::u16string& contextFile, Workspace& workspace);
+// The steps from a chain of names to a subject.
+//
+// The first name is a variable of the workspace, and each further one a property of the value so far: a value that the
+// host does not give ends the search, as whatever else the names might mean, they mean that value. Only when there is
+// no such variable, the whole chain is taken for the name of a class, as code in `contextFile` would see it, or of a
+// namespace. The interrupt passes; other host failures refuse. Interpreter thread.
 
-/// The steps of `resolve`.
-///
 /// `follow` reads one property after the other; empty as soon as one is refused.
 qxSharedArray follow(qxSharedArray root, std::span<const std::u16string_view> segments);
-/// `valueAt` begins with a variable; empty when there is none, or when a property is refused.
-qxSharedArray valueAt(std::span<const std::u16string_view> chain, Workspace& workspace);
 /// `describe` asks a value, which may be empty, whether it denotes a class or a namespace.
 Subject describe(qxSharedArray value);
 /// `named` takes a chain for the name of a class or namespace.

@@ -80,6 +80,8 @@ CONTEXTDATA_PYTHON_HOST_API void setEvaluationPolicy(EvaluationPolicy policy) no
 /// end in the reverse order of their beginning.
 class CONTEXTDATA_PYTHON_HOST_API CurrentWorkspace {
 public:
+    /// What the current workspace is at this moment, held fast for those who look up several names of it.
+    CurrentWorkspace();
     /// Keeps references. Null is a dictionary that is empty; so is what is no dictionary, and of a subclass only what
     /// it stores counts, as no method of it is called.
     explicit CurrentWorkspace(PyObject* locals, PyObject* globals = nullptr) noexcept;
@@ -87,6 +89,7 @@ public:
     CurrentWorkspace& operator=(const CurrentWorkspace&) = delete;
     ~CurrentWorkspace();
 
+    /// Borrowed. Null, or any object: only a dictionary counts.
     PyObject* locals() const noexcept { return locals_; }
     PyObject* globals() const noexcept { return globals_; }
 

@@ -26,6 +26,7 @@ void readPreambleLine(File& file, const std::string& line) {
         file.sourceFile = source;
     }
     file.describes = file.describes || line == "asks: describe";
+    file.isRanked = file.isRanked || line == "asks: ranked";
 }
 
 void readCaseLine(Case& current, const std::string& line) {

@@ -22,6 +22,7 @@ struct File {
     std::string world;
     std::string sourceFile;  ///< empty when none is named
     bool describes = false;  ///< the texts are names of classes that are to be described
+    bool isRanked = false;   ///< the answers go by rank
     std::vector<Case> cases;
 };
 

@@ -56,7 +56,14 @@ std::string answerTo(const golden::File& file, const golden::Case& current) {
         return "=> no cursor in the text\n";
     }
     text.erase(cursor, golden::caret.size());
-    return golden::rendered(complete({text, cursor, golden::widen(file.sourceFile), idOf(current.inside)}, world));
+    const std::vector<contextdata::completion::Item> names = world.names();
+    return golden::rendered(complete({.text = text,
+                                      .cursor = cursor,
+                                      .file = golden::widen(file.sourceFile),
+                                      .asker = idOf(current.inside),
+                                      .names = names,
+                                      .isRanked = file.isRanked},
+                                     world));
 }
 
 TEST(GoldenFiles, answerWhatStandsInThem) {

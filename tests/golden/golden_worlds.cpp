@@ -41,6 +41,20 @@ qxSharedArray GoldenWorld::find(const std::u16string& name) {
     return found == variables_.end() ? qxSharedArray() : found->second;
 }
 
+std::vector<contextdata::completion::Item> GoldenWorld::names() const {
+    using contextdata::completion::Item;
+    using contextdata::completion::Kind;
+    std::vector<Item> names;
+    for (const auto& [name, value] : variables_) {
+        names.push_back({name, Kind::variable, {}});
+    }
+    for (const char16_t* word : {u"new", u"return", u"true"}) {
+        names.push_back({word, Kind::keyword, {}});
+        names.back().isInherited = true;
+    }
+    return names;
+}
+
 qxUniqueArray GoldenWorld::answer(const qxArray* value, const std::string& question) {
     const auto found = answers_.find({value, question});
     if (found == answers_.end()) {
@@ -173,6 +187,27 @@ void buildImports(GoldenWorld& imports) {
     world.imports(world.scope(u"teller.src"), "Account", "bank.Account");
 }
 
+/// Literals are evaluated to objects of classes that bear their kind in their members.
+void buildLiterals(GoldenWorld& literals) {
+    memory_host::World& world = literals.world();
+    const std::pair<const char16_t*, const char*> texts[] = {{u"''", "text"},
+                                                             {u"b''", "bytes"},
+                                                             {u"[]", "list"},
+                                                             {u"{}", "dictionary"},
+                                                             {u"()", "tuple"},
+                                                             {u"(1.5)", "number"},
+                                                             {u"(sheet)", "sheet"},
+                                                             {u"(sheet.corner)", "corner"},
+                                                             {u"[1, 'a'][1]", "element"},
+                                                             {u"'abc'.size", "size"},
+                                                             {u"(f())", "forbidden"}};
+    for (const auto& [text, kind] : texts) {
+        const std::string name = std::string("literals.") + kind;
+        world.cls(name).method(kind).method("fold");
+        literals.evaluates(text, [&world, name] { return world.object(name); });
+    }
+}
+
 }  // namespace
 
 bool build(GoldenWorld& world, std::string_view name) {
@@ -186,6 +221,8 @@ bool build(GoldenWorld& world, std::string_view name) {
         buildVaults(world);
     } else if (name == "shapes") {
         buildShapes(world);
+    } else if (name == "literals") {
+        buildLiterals(world);
     } else if (name == "desk") {
         buildDesk(world);
     } else {

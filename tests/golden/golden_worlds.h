@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frontends/completion/item.h"
 #include "frontends/completion/subject.h"
 #include "hosts/memory/world.h"
 
@@ -32,6 +33,9 @@ public:
     void evaluates(std::u16string_view expression, std::function<qxUniqueArray()> make);
 
     qxSharedArray find(const std::u16string& name) override;
+
+    /// What a front end holds that is named without a dot: the variables, and a few words of a language.
+    std::vector<contextdata::completion::Item> names() const;
 
 private:
     qxUniqueArray answer(const qxArray* value, const std::string& question);

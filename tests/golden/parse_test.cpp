@@ -10,6 +10,7 @@ namespace {
 using contextdata::completion::parse;
 using contextdata::completion::ParsedText;
 using contextdata::completion::Refusal;
+using contextdata::completion::Wanted;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -46,7 +47,7 @@ TEST(Parse, blanksMayStandAroundDots) { EXPECT_THAT(parseAll(u"one \t. two\f.").
 
 TEST(Parse, aLineEndBeginsAnew) {
     EXPECT_EQ(refusalOf(u"one\n.two"), Refusal::danglingDot);
-    EXPECT_EQ(refusalOf(u"one.\r\ntwo"), Refusal::noDot);
+    EXPECT_EQ(parseAll(u"one.\r\ntwo").wanted, Wanted::names);
     EXPECT_THAT(parseAll(u"one.\ntwo.").chain, ElementsAre(u"two"));
 }
 
@@ -68,13 +69,50 @@ TEST(Parse, anyUnitBeyondAsciiIsPartOfAName) {
     EXPECT_EQ(parse(u"a.𝒙", 3).fragment.size(), 1U) << "a cursor inside a pair";
 }
 
-TEST(Parse, refusesTextWithoutADot) {
-    EXPECT_EQ(refusalOf(u""), Refusal::noDot);
-    EXPECT_EQ(refusalOf(u"one"), Refusal::noDot);
-    EXPECT_EQ(refusalOf(u"one.two "), Refusal::noDot);
-    EXPECT_EQ(refusalOf(u"one.two("), Refusal::noDot);
-    EXPECT_EQ(refusalOf(u"f()"), Refusal::noDot);
-    EXPECT_THAT(parseAll(u"one").chain, IsEmpty());
+TEST(Parse, aNameWithoutADotIsWantedWhileItIsTyped) {
+    const ParsedText parsed = parseAll(u"two = one");
+    EXPECT_EQ(parsed.wanted, Wanted::names);
+    EXPECT_EQ(parsed.refusal, Refusal::none);
+    EXPECT_EQ(parsed.fragment, u"one");
+    EXPECT_EQ(parsed.start, 6U);
+    EXPECT_THAT(parsed.chain, IsEmpty());
+    for (const char16_t* text :
+         {u"def one", u"class one", u"with x as one", u"one ", u".one", u"1one", u"from x import a as o"}) {
+        EXPECT_NE(parseAll(text).wanted, Wanted::names) << testing::PrintToString(std::u16string(text));
+    }
+}
+
+TEST(Parse, literalsAreOfTheTypeOfTheirStandIn) {
+    EXPECT_EQ(parseAll(u"[f(), 'a'].").expression, u"[]");
+    EXPECT_EQ(parseAll(u"rb'a'.").expression, u"b''");
+    EXPECT_EQ(parseAll(u"{1: 2}.").expression, u"{}");
+    EXPECT_EQ(parseAll(u"{1, 2}.").expression, u"{1, 2}");
+    EXPECT_EQ(parseAll(u"[1, 2][0].").expression, u"[1, 2][0]");
+    EXPECT_FALSE(parseAll(u"[1, 2][0].").runsCode);
+    EXPECT_TRUE(parseAll(u"[f()][0].").runsCode);
+    EXPECT_TRUE(parseAll(u"(yield x).").runsCode);
+    EXPECT_FALSE(parseAll(u"(x.y).").runsCode);
+}
+
+TEST(Parse, aWholeKeyIsAllBehindTheBracket) {
+    for (const char16_t* key : {u"", u"(", u"('a', ", u"('a', 'b", u"b'", u"'a', 'b", u"1, ", u"('a', b'"}) {
+        const std::u16string text = std::u16string(u"x.y[ ") + key;
+        const ParsedText parsed = parseAll(text);
+        EXPECT_EQ(parsed.wanted, Wanted::wholeKeys) << testing::PrintToString(text);
+        EXPECT_EQ(parsed.fragment, key);
+        EXPECT_THAT(parsed.chain, ElementsAre(u"x", u"y"));
+    }
+    for (const char16_t* text :
+         {u"x[f", u"x[1", u"x[a, ", u"x[f(", u"x['a' + ", u"[", u"x['a'", u"x[\"\"\"", u"x[f'"}) {
+        EXPECT_NE(parseAll(text).wanted, Wanted::wholeKeys) << testing::PrintToString(std::u16string(text));
+    }
+}
+
+TEST(Parse, refusesTextThatEndsInNoName) {
+    EXPECT_EQ(refusalOf(u""), Refusal::noName);
+    EXPECT_EQ(refusalOf(u"one.two "), Refusal::noName);
+    EXPECT_EQ(refusalOf(u"one.two("), Refusal::noName);
+    EXPECT_EQ(refusalOf(u"f()"), Refusal::noName);
 }
 
 TEST(Parse, refusesStrings) {

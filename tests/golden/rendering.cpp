@@ -93,11 +93,8 @@ std::string attributes(const char* title, const std::set<std::u16string>& names)
 }  // namespace
 
 std::string rendered(const Completions& completions) {
-    if (completions.refusal != Refusal::none) {
-        return std::string("=> nothing (") + textOf(completions.refusal) + ")\n";
-    }
     if (completions.items.empty()) {
-        return "=> nothing\n";
+        return std::string("=> nothing (") + narrow(completions.reason) + ")\n";
     }
     std::vector<Row> rows;
     for (const Item& item : completions.items) {

@@ -56,6 +56,55 @@ def test_a_namespace_is_a_plain_dict(namespace):
     assert one_line(error)
 
 
+def test_a_namespace_may_be_the_locals_and_the_globals():
+    inner, outer = {"x": 1j}, {"x": "", "y": ""}
+    assert "conjugate" in [each.name for each in contextdata.complete("x.", namespace=(inner, outer))]
+    assert "upper" in [each.name for each in contextdata.complete("y.", namespace=(inner, outer))]
+    assert "fromkeys" in [each.name for each in contextdata.complete("dict.", namespace=({}, {}))]
+    assert "conjugate" in [each.name for each in contextdata.complete("x.", namespace=(inner,))]
+    assert "upper" in [each.name for each in contextdata.complete("y[0].", namespace=({}, {"y": ["a"]}))]
+    assert contextdata.describe("y", namespace=(inner, outer)).name == "builtins.str"
+
+
+@pytest.mark.parametrize("namespace", [(), ({}, {}, {}), ({}, 1), (Computed(),), [{}, {}], ({}, None)])
+def test_a_tuple_of_anything_else_is_no_namespace(namespace):
+    with pytest.raises(TypeError, match="namespace") as error:
+        contextdata.complete("x.", namespace=namespace)
+    assert one_line(error)
+
+
+@pytest.mark.parametrize("ranked", [1, "yes", 0.0, []])
+def test_ranked_is_a_bool(ranked):
+    with pytest.raises(TypeError, match="ranked must be True or False") as error:
+        contextdata.complete("x.", ranked=ranked)
+    assert one_line(error)
+
+
+@pytest.mark.parametrize("limit", ["1", 1.0, [], object()])
+def test_a_limit_is_an_int(limit):
+    with pytest.raises(TypeError, match="limit must be an int or None") as error:
+        contextdata.complete("x.", limit=limit)
+    assert one_line(error)
+
+
+@pytest.mark.parametrize("limit", [-1, -(10**30)])
+def test_a_limit_is_not_negative(limit):
+    with pytest.raises(ValueError, match="limit must be 0 or more"):
+        contextdata.complete("x.", limit=limit)
+
+
+@pytest.mark.parametrize("ranked", [False, True])
+def test_a_limit_keeps_the_first_and_counts_the_rest(ranked):
+    everything = contextdata.complete("x.", namespace={"x": ""}, ranked=ranked)
+    assert everything.left_out == 0
+    for limit in (0, 1, 5, len(everything), len(everything) + 1, 10**30, None):
+        some = contextdata.complete("x.", namespace={"x": ""}, ranked=ranked, limit=limit)
+        kept = len(everything) if limit is None else min(limit, len(everything))
+        assert list(some) == list(everything)[:kept]
+        assert (some.left_out, some.reason) == (len(everything) - kept, "")
+        assert (some.start, some.end) == (everything.start, everything.end)
+
+
 def test_calls_that_are_no_calls_are_refused():
     with pytest.raises(TypeError, match="needs the text"):
         contextdata.complete()

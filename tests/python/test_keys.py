@@ -4,6 +4,7 @@ import ast
 import collections
 import types
 
+import numpy
 import pytest
 
 import contextdata
@@ -25,6 +26,77 @@ def test_a_key_stands_in_the_string_as_the_language_writes_it(quote):
 
 def test_only_texts_are_keys():
     assert names('d["', d={1: 1, None: 2, ("a",): 3, b"b": 4, "c": 5, "": 6, "\ud800": 7}) == ["c"]
+
+
+def test_bytes_are_keys_as_they_are_written():
+    space = {"d": {b"by": 1, b"it's\x00\xff\n": 2, "text": 3}}
+    assert names("d[b'", **space) == ["b'by'", "b'it\\'s\\x00\\xff\\n'"]
+    assert [ast.literal_eval(each) for each in names('d[b"', **space)] == [b"by", b"it's\x00\xff\n"]
+    assert names('d[b"b', **space) == ['b"by"']
+    assert names("d[b'z", **space) == []
+
+
+def test_tuples_are_keys_as_they_are_written():
+    space = {"d": {("a", "b"): 1, ("a", 2): 2, ("c",): 3, (): 4, (1.5, None, True, -1, b"x", ("in", "side")): 5}}
+    assert names("d[", **space) == ["'a', 'b'", "'a', 2", "'c',", "()", "1.5, None, True, -1, b'x', ('in', 'side')"]
+    assert names("d[(", **space) == [
+        "('a', 'b')", "('a', 2)", "('c',)", "()", "(1.5, None, True, -1, b'x', ('in', 'side'))",
+    ]  # fmt: skip
+    assert {ast.literal_eval(each) for each in names("d[", **space)} == set(space["d"])
+    assert names('d["a', **space) == names('d[ "a", ', **space)[:2] == ['"a", "b"', '"a", 2']
+    assert names('d["a", "', **space) == ['"a", "b"']
+    assert names('d["a","b', **space) == ['"a", "b"'], "blanks do not matter"
+    assert names("d[('a', 'b", **space) == ["('a', 'b')"]
+
+
+def test_a_whole_key_replaces_all_behind_the_bracket():
+    text = 'x = d[("a", "b'
+    found = contextdata.complete(text, namespace={"d": {("a", "b"): 1}})
+    assert (found.start, found.end, found[0].name, found[0].kind) == (6, len(text), '("a", "b")', "key")
+    text = 'd["a'
+    found = contextdata.complete(text, namespace={"d": {("a", "b"): 1}})
+    assert (text[: found.start] + found[0].name, found.end) == ('d["a", "b"', len(text))
+
+
+def test_texts_go_before_what_would_replace_them():
+    assert names('d["a', d={("a", "b"): 1, "ab": 2}) == ["ab"]
+    assert names("d[", d={("a", "b"): 1, "ab": 2, b"c": 3}) == ["'a', 'b'", "'ab'", "b'c'"]
+
+
+def test_what_cannot_be_written_is_no_key():
+    class Text(str):
+        pass
+
+    class Number(int):
+        def __repr__(self):
+            raise AssertionError
+
+    keys = [("a", Text("b")), ("a", object()), ("a", Number(1)), ("a", float("nan")), ("a", frozenset()), frozenset("x"), 1.5]
+    deep = ()
+    for _ in range(100):
+        deep = (deep,)
+    assert names("d[", d=dict.fromkeys([*keys, deep])) == []
+
+
+def test_fields_of_structured_arrays():
+    records = numpy.zeros(3, dtype=[("height", float), ("name", "U5"), ("it's", int)])
+    assert names("r['", r=records) == ["height", "it\\'s", "name"]
+    assert names('r["na', r=records) == ["name"]
+    assert names("r[0]['he", r=records) == ["height"]
+    assert names("r[", r=records) == ["'height'", "'it\\'s'", "'name'"]
+    assert names("r['height']['", r=records) == names("a['", a=numpy.zeros(3)) == []
+
+
+def test_text_after_the_cursor_stays():
+    found = contextdata.complete('d["on"] + e["two"]', 5, namespace={"d": {"one": 1, "other": 2}})
+    assert [each.name for each in found] == ["one"] and (found.start, found.end) == (3, 5)
+    found = contextdata.complete("d[] + 1", 2, namespace={"d": {"one": 1}})
+    assert [each.name for each in found] == ["'one'"] and (found.start, found.end) == (2, 2)
+
+
+def test_keys_of_literals():
+    assert names("{'a': 1, 'b': {'c': 1}}['") == ["a", "b"]
+    assert names("{'a': 1, 'b': {'c': 1}}['b']['") == ["c"]
 
 
 def test_the_range_is_what_was_typed_of_the_key_and_no_quote_is_added():

@@ -251,8 +251,8 @@ def test_members_agrees_with_complete():
 
 def test_texts_that_offer_nothing():
     account = Account()
-    for text in ("account", "'account.", "# account.", "f'{account.", "1.", "account().", "account[0].", "account..",
-                 "(account).", "account.missing.", "missing.", "account.\n", '"""\naccount.'):
+    for text in ("account ", "'account.", "# account.", "f'{account.", "1.", "account().", "account[0].", "account..",
+                 "(account)", "account.missing.", "missing.", "account.\n", '"""\naccount.'):
         assert names(text, account=account) == [], text
 
 

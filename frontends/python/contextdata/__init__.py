@@ -15,7 +15,7 @@ from collections.abc import Sequence as _Sequence
 
 from ._debugger import unwatch_debugger, watch_debugger
 from ._description import Attributes, Description, Member, Property, Superclass, describe
-from ._native import Completion, Completions, complete, members
+from ._native import Completion, Completions, complete, members, policy, set_policy
 
 _Sequence.register(Completions)
 
@@ -30,6 +30,8 @@ __all__ = [
     "complete",
     "describe",
     "members",
+    "policy",
+    "set_policy",
     "unwatch_debugger",
     "watch_debugger",
 ]

@@ -7,7 +7,7 @@ namespace contextdata::python {
 
 namespace {
 
-constexpr std::array<const char*, 4> parameterNames = {"text", "cursor", "namespace", "inside"};
+constexpr std::array<const char*, 6> parameterNames = {"text", "cursor", "namespace", "inside", "ranked", "limit"};
 constexpr Py_ssize_t positionalCount = 3;
 using Values = std::array<PyObject*, parameterNames.size()>;
 
@@ -75,38 +75,76 @@ Py_ssize_t checkedCursor(PyObject* cursor, Py_ssize_t length) {
     return position;
 }
 
-PyObject* variablesOfMain() {
-    PyObject* main = PyImport_AddModule("__main__");
-    if (main == nullptr) {
-        throwError();
-    }
-    return PyModule_GetDict(main);
-}
-
 bool isLeftOut(PyObject* value) { return value == nullptr || value == Py_None; }
 
-}  // namespace
-
-PyObject* checkedVariables(PyObject* variables) {
-    if (isLeftOut(variables)) {
-        return variablesOfMain();
-    }
+PyObject* checkedDictionary(PyObject* variables) {
     if (!PyDict_CheckExact(variables)) {
-        PyErr_Format(PyExc_TypeError,
-                     "namespace must be a plain dict, not %s: reading another mapping would run its code",
-                     Py_TYPE(variables)->tp_name);
+        PyErr_Format(
+            PyExc_TypeError,
+            "namespace must be a plain dict, or a tuple of the locals and the globals, not %s: reading another "
+            "mapping would run its code",
+            Py_TYPE(variables)->tp_name);
         throwError();
     }
     return variables;
 }
 
+bool checkedFlag(PyObject* ranked) {
+    if (isLeftOut(ranked)) {
+        return false;
+    }
+    if (!PyBool_Check(ranked)) {
+        PyErr_Format(PyExc_TypeError, "ranked must be True or False, not %s", Py_TYPE(ranked)->tp_name);
+        throwError();
+    }
+    return ranked == Py_True;
+}
+
+Py_ssize_t checkedLimit(PyObject* limit) {
+    if (isLeftOut(limit)) {
+        return PY_SSIZE_T_MAX;
+    }
+    if (!PyLong_Check(limit)) {
+        PyErr_Format(PyExc_TypeError, "limit must be an int or None, not %s", Py_TYPE(limit)->tp_name);
+        throwError();
+    }
+    int overflow = 0;
+    const long long most = PyLong_AsLongLongAndOverflow(limit, &overflow);
+    if (overflow < 0 || (overflow == 0 && most < 0)) {
+        PyErr_SetString(PyExc_ValueError, "limit must be 0 or more");
+        throwError();
+    }
+    return overflow > 0 || most > PY_SSIZE_T_MAX ? PY_SSIZE_T_MAX : static_cast<Py_ssize_t>(most);
+}
+
+}  // namespace
+
+Scope readScope(PyObject* variables) {
+    if (isLeftOut(variables)) {
+        return {};
+    }
+    if (!PyTuple_CheckExact(variables)) {
+        return {checkedDictionary(variables), nullptr};
+    }
+    const Py_ssize_t count = PyTuple_GET_SIZE(variables);
+    if (count != 1 && count != 2) {
+        PyErr_Format(PyExc_TypeError, "a tuple of namespaces holds the locals and the globals, not %zd namespaces",
+                     count);
+        throwError();
+    }
+    return {checkedDictionary(PyTuple_GET_ITEM(variables, 0)),
+            count == 1 ? nullptr : checkedDictionary(PyTuple_GET_ITEM(variables, 1))};
+}
+
 CompleteArguments readCompleteArguments(PyObject* const* values, Py_ssize_t count, PyObject* keywords) {
-    const auto [text, cursor, variables, inside] = bind(values, count, keywords);
+    const auto [text, cursor, variables, inside, ranked, limit] = bind(values, count, keywords);
     CompleteArguments arguments;
     arguments.text = checkedText(text);
     arguments.cursor = checkedCursor(cursor, PyUnicode_GET_LENGTH(text));
-    arguments.variables = checkedVariables(variables);
+    arguments.scope = readScope(variables);
     arguments.inside = isLeftOut(inside) ? nullptr : inside;
+    arguments.isRanked = checkedFlag(ranked);
+    arguments.limit = checkedLimit(limit);
     return arguments;
 }
 

@@ -4,25 +4,21 @@
 #include <utility>
 
 #include "contextdata/values.h"
-#include "frontends/completion/complete.h"
-#include "frontends/completion/expression_value.h"
 #include "frontends/completion/parse.h"
 #include "frontends/completion/subject.h"
 #include "frontends/python/src/arguments.h"
 #include "frontends/python/src/asker.h"
 #include "frontends/python/src/errors.h"
-#include "frontends/python/src/listing.h"
 #include "frontends/python/src/live_members.h"
 #include "frontends/python/src/module_members.h"
-#include "frontends/python/src/python_language.h"
 #include "frontends/python/src/python_text.h"
+#include "frontends/python/src/question.h"
 #include "frontends/python/src/results.h"
 #include "frontends/python/src/variables.h"
 #include "hosts/python/python_host.h"
 
 namespace contextdata::python {
 
-using completion::Items;
 using completion::ParsedText;
 using completion::Refusal;
 using completion::Wanted;
@@ -31,55 +27,57 @@ namespace {
 
 using Chain = std::span<const std::u16string_view>;
 
-/// A prompt is no file: names mean what they mean in the session.
-const std::u16string noFile;
-
-pybind11::object membersOfChain(Chain chain, std::u16string_view prefix, Variables& variables, const Asker& asker) {
-    qxSharedArray root = variables.find(std::u16string(chain.front()));
-    if (!root) {
-        return membersOfNamed(namedInSession(chain), prefix, asker);
+/// At most so many, and how many more there are.
+std::pair<pybind11::object, Py_ssize_t> limited(pybind11::object items, Py_ssize_t limit) {
+    const Py_ssize_t count = PyTuple_GET_SIZE(items.ptr());
+    if (count <= limit) {
+        return {std::move(items), 0};
     }
-    const qxSharedArray value = completion::follow(std::move(root), chain.subspan(1));
-    return value ? membersOfValue(value, prefix, asker) : pybind11::tuple();
+    PyObject* first = PyTuple_GetSlice(items.ptr(), 0, limit);
+    if (first == nullptr) {
+        throw pybind11::error_already_set();
+    }
+    return {pybind11::reinterpret_steal<pybind11::object>(first), count - limit};
 }
 
-/// All that is no member of a chain of plain names. A chain with subscripts leads to a live value like any other.
-pybind11::object itemsBeyondChains(const ParsedText& parsed, Variables& variables, const Asker& asker) {
-    if (parsed.wanted == Wanted::membersOfExpression) {
-        const qxSharedArray value = completion::valueOfExpression(parsed.expression);
-        return value ? membersOfValue(value, parsed.fragment, asker) : pybind11::tuple();
-    }
-    Items items = itemsFor(parsed, {.text = {}, .file = noFile, .language = pythonLanguage()}, variables);
-    if (parsed.wanted == Wanted::importedNames) {
-        items = merged(withoutPrivateModules(std::move(items)), boundNames(parsed.chain, parsed.fragment));
-    } else if (parsed.wanted == Wanted::modules && parsed.fragment.empty()) {
-        items = withoutPrivateModules(std::move(items));
-    }
-    return Listing(std::move(items)).tupleOf({});
+pybind11::object noReason() {
+    static PyObject* const empty = PyUnicode_InternFromString("");
+    return pybind11::reinterpret_borrow<pybind11::object>(empty);
 }
 
-/// An answer that is empty stands at the cursor when the text itself is refused.
-pybind11::object answerTo(const CompleteArguments& arguments, const ParsedText& parsed, pybind11::object items) {
-    const bool isRefused = parsed.refusal != Refusal::none && PyTuple_GET_SIZE(items.ptr()) == 0;
-    const std::size_t typed = isRefused ? 0 : completion::typedName(parsed).size();
-    return completionsOf(codePointBefore(arguments.text, arguments.cursor, typed), arguments.cursor, std::move(items));
-}
-
-pybind11::object completeText(const CompleteArguments& arguments) {
-    // Before anything else: a mistake is to be told whatever the text is.
-    const Asker named = arguments.inside == nullptr ? Asker() : askerNamed(arguments.inside);
+pybind11::object completeText(const CompleteArguments& arguments, const Asker& named) {
     const std::u16string text = utf16Of(arguments.text, arguments.cursor);
     const ParsedText parsed = completion::parse(text, text.size());
-    if (parsed.wanted == Wanted::nothing) {
-        return answerTo(arguments, parsed, pybind11::tuple());
+    const bool isAsked = parsed.wanted != Wanted::nothing;
+    Question question(arguments, parsed, arguments.inside == nullptr && isAsked ? askerInFocus() : named);
+    Offered offered = question.answer();
+    const bool isEmpty = PyTuple_GET_SIZE(offered.items.ptr()) == 0;
+    pybind11::object reason = isEmpty ? question.reason() : noReason();
+    // An answer that is empty stands at the cursor when the text itself is refused.
+    const std::size_t typed = isEmpty && parsed.refusal != Refusal::none ? 0 : offered.typed;
+    auto [items, leftOut] = limited(std::move(offered.items), arguments.limit);
+    return completionsOf({codePointBefore(arguments.text, arguments.cursor, typed), arguments.cursor, leftOut,
+                          std::move(items), std::move(reason)});
+}
+
+/// The error that is being handled as the reason of an empty answer. The interrupt passes.
+pybind11::object failedAnswer(const CompleteArguments& arguments) {
+    setErrorFromException();
+    if (PyErr_ExceptionMatches(PyExc_KeyboardInterrupt) != 0) {
+        throw pybind11::error_already_set();
     }
-    const Asker asker = arguments.inside == nullptr ? askerInFocus() : named;
-    Variables variables(arguments.variables);
-    if (parsed.wanted == Wanted::members) {
-        return answerTo(arguments, parsed, membersOfChain(parsed.chain, parsed.fragment, variables, asker));
+    return completionsOf({arguments.cursor, arguments.cursor, 0, pybind11::tuple(),
+                          strOf(u"the completion failed: " + takeErrorText())});
+}
+
+pybind11::object answerTo(const CompleteArguments& arguments) {
+    // Before anything else: a mistake is to be told whatever the text is.
+    const Asker named = arguments.inside == nullptr ? Asker() : askerNamed(arguments.inside);
+    try {
+        return completeText(arguments, named);
+    } catch (...) {
+        return failedAnswer(arguments);
     }
-    const python_host::CurrentWorkspace workspace(arguments.variables);
-    return answerTo(arguments, parsed, itemsBeyondChains(parsed, variables, asker));
 }
 
 /// How many names of a chain, from its first, lead somewhere.
@@ -99,7 +97,7 @@ std::size_t lengthFollowed(Chain chain, Variables& variables) {
 }  // namespace
 
 PyObject* complete(PyObject* /*module*/, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {
-    return guarded([&] { return completeText(readCompleteArguments(values, count, keywords)); });
+    return guarded([&] { return answerTo(readCompleteArguments(values, count, keywords)); });
 }
 
 PyObject* members(PyObject* /*module*/, PyObject* object) noexcept {
@@ -118,8 +116,9 @@ pybind11::tuple explain(const pybind11::str& text, const pybind11::dict& variabl
             chain.append(strOf(segment));
         }
     }
-    Variables workspace(variables.ptr());
-    const std::size_t followed = chain.empty() ? 0 : lengthFollowed(parsed.chain, workspace);
+    const python_host::CurrentWorkspace workspace(variables.ptr());
+    Variables names(workspace);
+    const std::size_t followed = chain.empty() ? 0 : lengthFollowed(parsed.chain, names);
     return pybind11::make_tuple(completion::textOf(parsed.refusal), chain, followed);
 }
 

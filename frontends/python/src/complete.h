@@ -5,8 +5,8 @@
 
 namespace contextdata::python {
 
-/// `complete(text, cursor=None, namespace=None, *, inside=None)`, called with a vector of arguments. New reference,
-/// null with the error set.
+/// `complete(text, cursor=None, namespace=None, *, inside=None, ranked=False, limit=None)`, called with a vector of
+/// arguments. New reference, null with the error set: that of a wrong argument, or the interrupt.
 PyObject* complete(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept;
 
 /// `members(object)`. New reference, null with the error set.

@@ -100,7 +100,7 @@ Described objectAtTheEnd(qxSharedArray value, Chain chain) {
     return objectItself(std::move(value));
 }
 
-Described atTheEndOf(PyObject* subject, PyObject* variables) {
+Described atTheEndOf(PyObject* subject, const Scope& scope) {
     std::u16string units = utf16Of(subject, PyUnicode_GET_LENGTH(subject));
     // Anew: a subclass of str would be asked for its own idea of itself.
     const pybind11::object text = strOf(units);
@@ -109,13 +109,14 @@ Described atTheEndOf(PyObject* subject, PyObject* variables) {
     if (parsed.refusal != Refusal::none) {
         throwValueError("%R is no name of a class or object; write one such as 'decimal.Decimal'", text.ptr());
     }
-    qxSharedArray root = Variables(variables).find(std::u16string(parsed.chain.front()));
+    const python_host::CurrentWorkspace workspace = workspaceOf(scope);
+    qxSharedArray root = Variables(workspace).find(std::u16string(parsed.chain.front()));
     return root ? objectAtTheEnd(std::move(root), parsed.chain) : classNamed(parsed.chain, text);
 }
 
 Described resolved(const pybind11::object& subject, const pybind11::object& variables) {
     if (PyUnicode_Check(subject.ptr())) {
-        return atTheEndOf(subject.ptr(), checkedVariables(variables.ptr()));
+        return atTheEndOf(subject.ptr(), readScope(variables.ptr()));
     }
     return objectItself(makeSharedPtr(python_host::wrap(subject.ptr()).release()));
 }

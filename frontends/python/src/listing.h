@@ -3,15 +3,22 @@
 
 #include <pybind11/pybind11.h>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "frontends/completion/item.h"
+#include "frontends/completion/ranking.h"
 
 namespace contextdata::python {
 
-/// Immutable. Holds texts only, none of a user's objects.
+/// A tuple of `Completion` for items, in their order.
+pybind11::tuple tupleOfItems(const completion::Items& items);
+
+/// Holds texts only, none of a user's objects, and never changes what it answers.
 class Listing {
 public:
     /// `objectsAreAsked`: whether objects of the class that is listed tell more by a hook of the class.
@@ -21,17 +28,31 @@ public:
 
     bool contains(std::u16string_view name) const { return names_.contains(name); }
 
-    /// The completions whose names begin with `prefix`, as a tuple; an empty prefix costs nothing.
-    pybind11::object tupleOf(std::u16string_view prefix) const;
-
-    /// The same with more items sorted in. No name of `more` is in the listing.
-    pybind11::object tupleWith(const completion::Items& more, std::u16string_view prefix) const;
+    /// The completions of a choice, as a tuple, with more items sorted in. No name of `more`, which is in any order,
+    /// stands in the listing or twice. What is in the listing is never copied, and when all of it is wanted, hardly
+    /// looked at.
+    pybind11::object tupleOf(const completion::Choice& choice, completion::Items more = {}) const;
 
 private:
+    /// The listing in order of rank: places of `items_`, and the same as Python objects.
+    struct Ranking {
+        std::vector<std::uint32_t> places;
+        std::vector<completion::SortKey> keys;  // by place
+        pybind11::tuple completions;
+    };
+
+    pybind11::object sorted(std::u16string_view prefix, completion::Items more) const;
+    pybind11::object ranked(std::u16string_view text, completion::Items more) const;
+    pybind11::object allRanked(const completion::Items& more) const;
+    template <class MatchOf>
+    pybind11::object fitting(const completion::Items& more, MatchOf matchOf) const;
+    const Ranking& ranking() const;
+
     completion::Items items_;
     std::unordered_set<std::u16string_view> names_;  // of items_
     pybind11::tuple completions_;
     bool objectsAreAsked_;
+    mutable std::optional<Ranking> ranking_;  // made when somebody asks
 };
 
 using ListingPtr = std::shared_ptr<const Listing>;

@@ -17,6 +17,7 @@
 
 namespace contextdata::python {
 
+using completion::Choice;
 using completion::Item;
 using completion::Items;
 using completion::Side;
@@ -77,18 +78,18 @@ ListingPtr listingOfModule(const qxSharedArray& value, PyObject* module) {
 }
 
 /// A listing with what it is lacking of more items, which are in any order.
-pybind11::object tupleOfBoth(const Listing& listing, std::vector<Item> more, std::u16string_view prefix) {
+pybind11::object tupleOfBoth(const Listing& listing, std::vector<Item> more, const Choice& choice) {
     std::erase_if(more, [&](const Item& item) { return listing.contains(item.name); });
-    return more.empty() ? listing.tupleOf(prefix) : listing.tupleWith(sortedOnce(std::move(more)), prefix);
+    return listing.tupleOf(choice, sortedOnce(std::move(more)));
 }
 
-pybind11::object membersOfClass(PyTypeObject* type, std::u16string_view prefix, const Asker& asker) {
+pybind11::object membersOfClass(PyTypeObject* type, const Choice& choice, const Asker& asker) {
     const ListingPtr listing = listingOfClass(type, Side::classItself);
-    return asker.cls.isNull() ? listing->tupleOf(prefix)
-                              : tupleOfBoth(*listing, insiderItems(idOf(type), nullptr, asker), prefix);
+    return asker.cls.isNull() ? listing->tupleOf(choice)
+                              : tupleOfBoth(*listing, insiderItems(idOf(type), nullptr, asker), choice);
 }
 
-pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, std::u16string_view prefix,
+pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, const Choice& choice,
                                  const Asker& asker) {
     ListingPtr ofClass = listingOfClass(Py_TYPE(object), Side::object);
     std::vector<Item> own = ownNames(value, object);
@@ -100,28 +101,28 @@ pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, s
         Items insiders = insiderItems(idOf(Py_TYPE(object)), object, asker);
         own.insert(own.end(), std::make_move_iterator(insiders.begin()), std::make_move_iterator(insiders.end()));
     }
-    return tupleOfBoth(*ofClass, std::move(own), prefix);
+    return tupleOfBoth(*ofClass, std::move(own), choice);
 }
 
 }  // namespace
 
-pybind11::object membersOfNamed(const Subject& subject, std::u16string_view prefix, const Asker& asker) {
+pybind11::object membersOfNamed(const Subject& subject, const Choice& choice, const Asker& asker) {
     const Items offered = withoutPrivateModules(membersOf(subject));
-    return Listing(merged(offered, insiderItems(subject.cls, nullptr, asker))).tupleOf(prefix);
+    return tupleOfItems(chosen(merged(offered, insiderItems(subject.cls, nullptr, asker)), choice));
 }
 
-pybind11::object membersOfValue(const qxSharedArray& value, std::u16string_view prefix, const Asker& asker) {
+pybind11::object membersOfValue(const qxSharedArray& value, const Choice& choice, const Asker& asker) {
     PyObject* object = python_host::unwrap(value.get());
     if (object == nullptr) {
-        return membersOfNamed(completion::describe(value), prefix, asker);
+        return membersOfNamed(completion::describe(value), choice, asker);
     }
     if (PyType_Check(object)) {
-        return membersOfClass(reinterpret_cast<PyTypeObject*>(object), prefix, asker);
+        return membersOfClass(reinterpret_cast<PyTypeObject*>(object), choice, asker);
     }
     if (PyModule_Check(object)) {
-        return listingOfModule(value, object)->tupleOf(prefix);
+        return listingOfModule(value, object)->tupleOf(choice);
     }
-    return membersOfObject(value, object, prefix, asker);
+    return membersOfObject(value, object, choice, asker);
 }
 
 }  // namespace contextdata::python

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frontends/completion/value_members.h"
+#include "frontends/python/src/names.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/variables.h"
 #include "host/i18n.h"
@@ -18,16 +19,6 @@ using completion::Subject;
 
 namespace {
 
-Kind kindOf(PyObject* bound) {
-    if (PyType_Check(bound)) {
-        return Kind::classType;
-    }
-    if (PyModule_Check(bound)) {
-        return Kind::space;
-    }
-    return PyFunction_Check(bound) || PyCFunction_Check(bound) ? Kind::function : Kind::property;
-}
-
 Items bindingsOf(PyObject* dictionary) {
     std::vector<Item> items;
     Py_ssize_t position = 0;
@@ -35,10 +26,15 @@ Items bindingsOf(PyObject* dictionary) {
     PyObject* value = nullptr;
     while (PyDict_Next(dictionary, &position, &key, &value) != 0) {
         if (isPublicName(key)) {
-            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOf(value), {}});
+            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOfBound(value, Kind::property), {}});
         }
     }
     return sortedOnce(std::move(items));
+}
+
+bool isUnloaded(const Subject& subject) {
+    return subject.nature == Subject::Nature::space &&
+           !python_host::isLoadedNamespace(fl::i18n::to_string(subject.space));
 }
 
 }  // namespace
@@ -53,7 +49,7 @@ Items membersOfModule(const qxSharedArray& value, PyObject* module) {
     return merged(withoutPrivateModules(std::move(listed)), bindingsOf(dictionary));
 }
 
-Items boundNames(std::span<const std::u16string_view> module, std::u16string_view prefix) {
+Items boundNames(std::span<const std::u16string_view> module) {
     PyObject* modules = PyImport_GetModuleDict();
     PyObject* loaded =
         modules != nullptr && PyDict_CheckExact(modules) ? findName(modules, completion::dotted(module)) : nullptr;
@@ -61,17 +57,14 @@ Items boundNames(std::span<const std::u16string_view> module, std::u16string_vie
         return {};
     }
     const auto keep = pybind11::reinterpret_borrow<pybind11::object>(loaded);
-    Items bound = bindingsOf(PyModule_GetDict(keep.ptr()));
-    std::erase_if(bound, [prefix](const Item& item) { return !item.name.starts_with(prefix); });
-    return bound;
+    return bindingsOf(PyModule_GetDict(keep.ptr()));
 }
 
+bool isUnloadedModule(std::span<const std::u16string_view> chain) { return isUnloaded(completion::named(chain, {})); }
+
 Subject namedInSession(std::span<const std::u16string_view> chain) {
-    // A prompt is no file: names mean what they mean in the session.
-    static const std::u16string noFile;
-    Subject subject = completion::named(chain, noFile);
-    const bool isModule = subject.nature == Subject::Nature::space;
-    return isModule && !python_host::isLoadedNamespace(fl::i18n::to_string(subject.space)) ? Subject() : subject;
+    Subject subject = completion::named(chain, {});
+    return isUnloaded(subject) ? Subject() : subject;
 }
 
 Items withoutPrivateModules(Items items) {

@@ -22,9 +22,12 @@ completion::Items membersOfModule(const qxSharedArray& value, PyObject* module);
 /// Leaves the modules out that custom calls private: the class system knows no access of namespaces.
 completion::Items withoutPrivateModules(completion::Items items);
 
-/// The public names, all beginning with `prefix`, that the loaded module of a dotted name binds; none when no module is
-/// loaded under it. Imports nothing.
-completion::Items boundNames(std::span<const std::u16string_view> module, std::u16string_view prefix);
+/// The public names that the loaded module of a dotted name binds; none when no module is loaded under it. Imports
+/// nothing.
+completion::Items boundNames(std::span<const std::u16string_view> module);
+
+/// Whether a chain names a module that could be imported and is not.
+bool isUnloadedModule(std::span<const std::u16string_view> chain);
 
 /// What a chain names that begins with no variable: a class, or a module that is loaded. A module that is not has a
 /// name for statements that import, and for no other code.

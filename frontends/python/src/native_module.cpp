@@ -6,6 +6,7 @@
 #include "frontends/python/src/complete.h"
 #include "frontends/python/src/describe.h"
 #include "frontends/python/src/listing_cache.h"
+#include "frontends/python/src/policy.h"
 #include "frontends/python/src/results.h"
 #include "frontends/python/src/what.h"
 #include "host/exceptions.h"
@@ -16,24 +17,28 @@ namespace contextdata::python {
 namespace {
 
 constexpr const char* completeDocumentation =
-    "complete(text, cursor=None, namespace=None, *, inside=None)\n--\n\n"
+    "complete(text, cursor=None, namespace=None, *, inside=None, ranked=False, limit=None)\n--\n\n"
     "Says which names may follow the text up to the cursor.\n\n"
-    "After a dot these are the members of what stands before it, a chain of names that may have constant\n"
-    "subscripts: s[2]., d['k'].x. After 'import' and 'from' they are modules and what modules hold, at the start\n"
-    "of an argument the arguments that the call may name, in x[\" the keys of x, and in other strings files and\n"
-    "folders.\n\n"
-    "The text is read, never run: neither are the properties, descriptors and hooks of the objects it\n"
-    "names; only an object's own __dir__ is asked, when its class has one. Nothing is imported.\n\n"
+    "After a dot these are the members of what stands before it: a literal, or a chain of names that may have\n"
+    "constant subscripts, s[2]., d['k'].x. Without a dot they are the names that begin so: variables, built-in\n"
+    "names, words of the language. After 'import' and 'from' they are modules and what modules hold, at the start\n"
+    "of an argument the arguments that the call may name as well, in x[\" the keys of x, and in other strings\n"
+    "files and folders.\n\n"
+    "The text is read, never run, unless the policy is 'full': neither are the properties, descriptors and hooks\n"
+    "of the objects it names; only an object's own __dir__ is asked, when its class has one. Nothing is imported.\n\n"
     "text: a str, from the start of a cell or line.\n"
     "cursor: a position in code points; the end of the text when left out.\n"
-    "namespace: the plain dict of the names that the text can use, before the built-in ones; that of\n"
-    "__main__ when left out.\n"
+    "namespace: the plain dict of the names that the text can use, or a tuple of two, the locals and the globals;\n"
+    "built-in names come last. When left out, the variables of the frame in the focus of a watched pdb that is\n"
+    "stopped, else those of __main__.\n"
     "inside: the class in whose code the text stands, or its name, \"module.Class\". It is offered its private\n"
     "names as well, as they are typed there (__name), and what it and its superclasses keep to themselves\n"
     "(_name). When left out while a watched pdb is stopped in a method, the method's class; private names are\n"
-    "then spelled as they are stored, which is what pdb understands.\n\n"
-    "The answer is a Completions, which is empty when nothing may follow: in comments, in strings that begin\n"
-    "with a prefix or three quotes, after what would have to be evaluated first, and where a plain name stands.";
+    "then spelled as they are stored, which is what pdb understands.\n"
+    "ranked: whether the best come first, and other letter case, left-out letters and a typing error are forgiven;\n"
+    "otherwise names that begin exactly so, sorted by name.\n"
+    "limit: the most names of an answer.\n\n"
+    "The answer is a Completions. When it is empty, its reason says why.";
 
 constexpr const char* membersDocumentation =
     "members(object, /)\n--\n\n"
@@ -66,6 +71,13 @@ PYBIND11_MODULE(_native, module) {
                "Describes a class or an object: (module, file, description, own attributes).");
     module.def("what", &what, pybind11::arg("folder"), pybind11::arg("kind"),
                "Lists the entries of one kind in a folder; None when the folder is found nowhere.");
+    module.def("policy", &policy,
+               "policy()\n--\n\nThe policy under which what stands before a dot is evaluated: 'strict', 'guarded' or "
+               "'full'.");
+    module.def("set_policy", &setPolicy, pybind11::arg("name"),
+               "set_policy(name)\n--\n\nChooses what may be evaluated before a dot: 'strict' names and plain data; "
+               "'guarded', the default, constant subscripts, literals and known getters too; 'full' everything, which "
+               "runs the code that stands there.");
     module.def(
         "set_stopped_debugger",
         [](const pybind11::object& debugger) {

@@ -1,5 +1,7 @@
 #include "frontends/python/src/python_language.h"
 
+#include <array>
+
 namespace contextdata::python {
 
 namespace {
@@ -52,6 +54,15 @@ std::u16string escaped(std::u16string_view text, char16_t quote) {
 const completion::Language& pythonLanguage() noexcept {
     static constexpr completion::Language language = {escaped, u"="};
     return language;
+}
+
+std::span<const std::u16string_view> pythonKeywords() noexcept {
+    static constexpr std::array<std::u16string_view, 35> words = {
+        u"False", u"None",     u"True",  u"and",    u"as",   u"assert", u"async",  u"await",    u"break",
+        u"class", u"continue", u"def",   u"del",    u"elif", u"else",   u"except", u"finally",  u"for",
+        u"from",  u"global",   u"if",    u"import", u"in",   u"is",     u"lambda", u"nonlocal", u"not",
+        u"or",    u"pass",     u"raise", u"return", u"try",  u"while",  u"with",   u"yield"};
+    return words;
 }
 
 }  // namespace contextdata::python

@@ -51,6 +51,16 @@ std::u16string utf16Of(PyObject* text, Py_ssize_t length) {
     }
 }
 
+void assignUtf16(std::u16string& units, PyObject* text) {
+    const Py_ssize_t length = PyUnicode_GET_LENGTH(text);
+    if (!PyUnicode_IS_READY(text) || PyUnicode_KIND(text) != PyUnicode_1BYTE_KIND) {
+        units = utf16Of(text, length);
+        return;
+    }
+    const Py_UCS1* data = PyUnicode_1BYTE_DATA(text);
+    units.assign(data, data + length);
+}
+
 pybind11::object strOf(std::u16string_view text) {
     const auto length = static_cast<Py_ssize_t>(text.size());
     PyObject* str = nullptr;

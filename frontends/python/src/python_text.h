@@ -11,6 +11,9 @@ namespace contextdata::python {
 /// The first `length` code points of a str in UTF-16. A lone surrogate stays what it is.
 std::u16string utf16Of(PyObject* text, Py_ssize_t length);
 
+/// The same of all of a str, into a text that is there, which spares memory for those who look at many.
+void assignUtf16(std::u16string& units, PyObject* text);
+
 /// A new str; throws `pybind11::error_already_set` when there is no memory for it.
 pybind11::object strOf(std::u16string_view text);
 

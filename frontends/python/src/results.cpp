@@ -14,7 +14,9 @@ struct CompletionsObject {
     PyObject_HEAD  //
         Py_ssize_t start;
     Py_ssize_t end;
+    Py_ssize_t leftOut;
     PyObject* items;
+    PyObject* reason;
 };
 
 CompletionsObject* asCompletions(PyObject* self) { return reinterpret_cast<CompletionsObject*>(self); }
@@ -25,6 +27,7 @@ PyObject* itemsOf(PyObject* self) { return asCompletions(self)->items; }
 void destroy(PyObject* self) {
     PyTypeObject* type = Py_TYPE(self);
     Py_XDECREF(itemsOf(self));
+    Py_XDECREF(asCompletions(self)->reason);
     type->tp_free(self);
     Py_DECREF(type);
 }
@@ -56,6 +59,10 @@ PyMemberDef members[] = {
     {"start", T_PYSSIZET, offsetof(CompletionsObject, start), READONLY,
      "Where the range that a chosen name replaces begins, in code points of the text."},
     {"end", T_PYSSIZET, offsetof(CompletionsObject, end), READONLY, "Where that range ends: the cursor."},
+    {"left_out", T_PYSSIZET, offsetof(CompletionsObject, leftOut), READONLY,
+     "How many more names there are than the limit allowed."},
+    {"reason", T_OBJECT_EX, offsetof(CompletionsObject, reason), READONLY,
+     "Why there are no names, for people; '' when there are some, or were before the limit."},
     {nullptr, 0, 0, 0, nullptr}};
 
 PyMethodDef methods[] = {
@@ -89,7 +96,7 @@ PyStructSequence_Field completionFields[] = {
     {"name", "What may be typed, as it is written: a key with its escapes, an argument with '=', a folder with '/'."},
     {"kind",
      "'method', 'static method', 'property', 'constant', 'enumeration member', 'class', 'function', 'namespace' (a "
-     "module too), 'field', 'key', 'argument', 'file' or 'folder'."},
+     "module too), 'field', 'key', 'argument', 'file', 'folder', 'variable' or 'keyword'."},
     {"definer", "The full name of the class that declares the member; None when that is not known."},
     {nullptr, nullptr}};
 
@@ -133,11 +140,13 @@ pybind11::object completionOf(const completion::Item& item, pybind11::object def
     return made;
 }
 
-pybind11::object completionsOf(Py_ssize_t start, Py_ssize_t end, pybind11::object items) {
+pybind11::object completionsOf(Answer answer) {
     PyObject* made = orThrow(completionsType->tp_alloc(completionsType, 0));
-    asCompletions(made)->start = start;
-    asCompletions(made)->end = end;
-    asCompletions(made)->items = items.release().ptr();
+    asCompletions(made)->start = answer.start;
+    asCompletions(made)->end = answer.end;
+    asCompletions(made)->leftOut = answer.leftOut;
+    asCompletions(made)->items = answer.items.release().ptr();
+    asCompletions(made)->reason = answer.reason.release().ptr();
     return pybind11::reinterpret_steal<pybind11::object>(made);
 }
 

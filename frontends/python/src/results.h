@@ -13,7 +13,16 @@ void addResultTypes(pybind11::module_& module);
 /// A new `Completion`. `definer` is the item's class as a str, or None; the caller makes it, as many items share one.
 pybind11::object completionOf(const completion::Item& item, pybind11::object definer);
 
-/// A new `Completions`; positions are in code points, `items` is a tuple of `Completion`.
-pybind11::object completionsOf(Py_ssize_t start, Py_ssize_t end, pybind11::object items);
+/// What a `Completions` holds. Positions are in code points.
+struct Answer {
+    Py_ssize_t start = 0;
+    Py_ssize_t end = 0;
+    Py_ssize_t leftOut = 0;
+    pybind11::object items;   ///< a tuple of `Completion`
+    pybind11::object reason;  ///< a str
+};
+
+/// A new `Completions`.
+pybind11::object completionsOf(Answer answer);
 
 }  // namespace contextdata::python

@@ -65,23 +65,29 @@ PyObject* findIn(PyObject* dictionary, PyObject* name) {
     return value;
 }
 
-PyObject* builtins() {
+/// The same for what may be missing, or no dictionary at all.
+PyObject* findInAny(PyObject* scope, PyObject* name) {
+    return scope != nullptr && PyDict_Check(scope) ? findIn(scope, name) : nullptr;
+}
+
+}  // namespace
+
+PyObject* builtinNames() {
     // Kept for good: a session may take the module out of the table of modules.
     static PyObject* const module = PyImport_ImportModule("builtins");
     return module == nullptr ? nullptr : PyModule_GetDict(module);
 }
 
-}  // namespace
-
 PyObject* findName(PyObject* dictionary, std::u16string_view name) { return findIn(dictionary, strOf(name).ptr()); }
 
 qxSharedArray Variables::find(const std::u16string& name) {
     const pybind11::object text = strOf(name);
-    PyObject* value = findIn(variables_, text.ptr());
-    if (value == nullptr && builtins() != nullptr) {
-        value = findIn(builtins(), text.ptr());
+    for (PyObject* scope : {workspace_.locals(), workspace_.globals(), builtinNames()}) {
+        if (PyObject* value = findInAny(scope, text.ptr())) {
+            return makeSharedPtr(python_host::wrap(value).release());
+        }
     }
-    return value == nullptr ? qxSharedArray() : makeSharedPtr(python_host::wrap(value).release());
+    return {};
 }
 
 }  // namespace contextdata::python

@@ -7,23 +7,27 @@
 #include <string_view>
 
 #include "frontends/completion/subject.h"
+#include "hosts/python/python_host.h"
 
 namespace contextdata::python {
 
-/// The value of a name in an exact dict or a module's, borrowed from it; null when there is none. Runs nobody's code,
-/// whatever the keys are.
+/// The value of a name in a dictionary, borrowed from it, of a subclass's what it stores; null when there is none. Runs
+/// nobody's code, whatever the keys are.
 PyObject* findName(PyObject* dictionary, std::u16string_view name);
 
-/// Reads a dict for the length of one call.
+/// The dictionary of the built-in names; null when the interpreter has none.
+PyObject* builtinNames();
+
+/// Reads a workspace for the length of one call.
 class Variables final : public completion::Workspace {
 public:
-    /// `variables` is an exact dict, borrowed.
-    explicit Variables(PyObject* variables) noexcept : variables_(variables) {}
+    /// `workspace` outlives this.
+    explicit Variables(const python_host::CurrentWorkspace& workspace) noexcept : workspace_(workspace) {}
 
     qxSharedArray find(const std::u16string& name) override;
 
 private:
-    PyObject* variables_;
+    const python_host::CurrentWorkspace& workspace_;
 };
 
 }  // namespace contextdata::python

@@ -35,6 +35,13 @@ CurrentWorkspace::CurrentWorkspace(PyObject* locals, PyObject* globals) noexcept
     innermost() = this;
 }
 
+CurrentWorkspace::CurrentWorkspace() : outer_(innermost()) {
+    Workspace now = Workspace::current();
+    locals_ = now.locals.release();
+    globals_ = now.globals.release();
+    innermost() = this;
+}
+
 CurrentWorkspace::~CurrentWorkspace() {
     innermost() = outer_;
     Py_XDECREF(locals_);
