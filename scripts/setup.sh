@@ -24,6 +24,10 @@ need_packages() {
 
 build_packages=(g++ cmake ninja-build libboost-dev python3 python3-dev python3-numpy pybind11-dev)
 session_packages=(python3-pandas)
+ipython_packages=(ipython3)
+# What the tests of kernels and of notebooks in a browser talk to; the second takes about 520 MB of disk.
+kernel_packages=(python3-ipykernel python3-jupyter-client)
+browser_packages=(jupyter-notebook chromium chromium-driver python3-selenium)
 
 # Configures, when that has not been done, and builds one preset, or the targets named after it. Silent when there is
 # nothing to do.

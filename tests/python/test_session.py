@@ -1,15 +1,15 @@
 """The plain prompt with completion on Tab, and the demonstration."""
 
-import os
-import pty
-import select
+import pathlib
 import subprocess
 import sys
-import time
 
 import pytest
 
 from contextdata.session import PromptCompleter
+from terminal import Terminal
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 
 class Trap:
@@ -49,35 +49,57 @@ def test_completing_runs_no_property(completer):
     assert Trap.ran == []
 
 
-def read_until(terminal, text, seconds=30):
-    """What the terminal showed up to a text; fails when the text does not come."""
-    shown = ""
-    end = time.monotonic() + seconds
-    while text not in shown:
-        ready, _, _ = select.select([terminal], [], [], max(0.0, end - time.monotonic()))
-        assert ready, f"waited for {text!r} and saw {shown!r}"
-        shown += os.read(terminal, 4096).decode()
-    return shown
+def test_case_is_forgiven_and_what_is_typed_is_never_taken_away(completer):
+    assert completer.matches("account.DEPO", 0) == ["account.deposit"]
+    assert PromptCompleter({"north_sea": 1, "north_pole": 2}).matches("NORT", 0) == ["north_pole", "north_sea"]
+    # All are meant, and readline would type what they have in common: nothing.
+    assert PromptCompleter({"qua_x": 1, "qUa_y": 2}).matches("QUA", 0) == []
 
 
 def test_tab_completes_at_a_real_prompt():
     start = "import contextdata.session; contextdata.session.start(globals()); del contextdata"
-    terminal, other_end = pty.openpty()
-    session = subprocess.Popen([sys.executable, "-q", "-i", "-c", start], stdin=other_end, stdout=other_end,
-                               stderr=other_end, env={**os.environ, "TERM": "dumb"})
-    os.close(other_end)
-    try:
-        greeting = read_until(terminal, ">>> ")
-        assert greeting.count("\n") == 3
-        os.write(terminal, b"df.groupb\t")
-        read_until(terminal, "df.groupby")
-        os.write(terminal, b"('city').size().sum()\n")
-        read_until(terminal, "2")
-        os.write(terminal, b"exit()\n")
-        assert session.wait(30) == 0
-    finally:
-        session.kill()
-        os.close(terminal)
+    with Terminal(sys.executable, "-q", "-i", "-c", start) as session:
+        assert session.read_until(">>> ").count("\n") == 3
+        session.ask("df.groupb\t", "df.groupby")
+        session.ask("('city').size().sum()\n", "2")
+        session.ask("\naccount.bal\t", "account.balance")
+        session.ask("\b\b\b\b\b\b\bdepo\t", "deposit")
+        assert "the property ran" not in session.ask("(1)\nexit()\n", "exit()")
+        assert session.wait() == 0
+
+
+def test_tab_completes_in_a_real_ipython(tmp_path):
+    pytest.importorskip("IPython")
+    with Terminal(sys.executable, "-m", "contextdata.session", folder=tmp_path, TERM="xterm", PROMPT_TOOLKIT_NO_CPR="1",
+                  HOME=str(tmp_path), IPYTHONDIR=str(tmp_path)) as session:
+        greeting = session.read_until("In [1]: ").lstrip("\r\n")
+        assert greeting.splitlines()[3:] == ["", "In [1]: "]
+        # It completes while it listens on: what comes next is typed when the name stands there.
+        session.ask("df.groupb\t", "groupby")
+        session.ask("('city').size().sum()\n", "Out[1]: 2")
+        session.read_until("In [2]: ")
+        session.ask('prices["a cup\t', "tea")
+        session.ask('"] * accounts[0].lim\t', "limit")
+        session.ask("\n", "Out[2]: 200")
+        session.read_until("In [3]: ")
+        session.ask("type(account).balance\n", "Out[3]: <property")
+        session.read_until("In [4]: ")
+        assert "the property ran" not in session.ask("account.bal\t", "account.balance")
+        session.type("\b" * len("account.balance"))
+        session.type("exit()\n")
+        assert session.wait() == 0
+
+
+def test_without_ipython_one_line_says_what_to_do():
+    program = "import sys; sys.modules['IPython'] = None; import contextdata.session as it; it.start_ipython()"
+    run = subprocess.run([sys.executable, "-c", program], capture_output=True, text=True, timeout=60)
+    assert (run.returncode, run.stdout, run.stderr.count("\n")) == (1, "", 1)
+    assert "install IPython, or ask for a plain session" in run.stderr
+
+
+def test_a_plain_session_takes_no_other_arguments():
+    run = subprocess.run([ROOT / "run.sh", "--plain", "df"], capture_output=True, text=True, timeout=60)
+    assert (run.returncode, run.stdout, run.stderr) == (2, "", "contextdata: --plain stands alone; leave out 'df'\n")
 
 
 def test_the_demonstration_shows_names_and_runs_no_property():

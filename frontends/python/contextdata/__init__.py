@@ -35,3 +35,17 @@ __all__ = [
     "unwatch_debugger",
     "watch_debugger",
 ]
+
+
+def load_ipython_extension(shell):
+    """What `%load_ext contextdata` calls."""
+    from contextdata.ipython import load
+
+    load(shell)
+
+
+def unload_ipython_extension(shell):
+    """What `%unload_ext contextdata` calls."""
+    from contextdata.ipython import unload
+
+    unload(shell)

@@ -1,36 +1,49 @@
-"""Follows pdb: while it holds the program, names are resolved as the code in its focus sees them."""
+"""Follows pdb: while it holds the program, names are resolved as the code in its focus sees them, and Tab at its prompt
+offers what we know."""
 
 import functools
 
-from contextdata._native import set_stopped_debugger
+from contextdata._stopped_debugger import holding
 
-_stopped = []
+_NOTHING = object()
+
+# For each attribute of pdb's class that we stand in for, what stood in the class itself before, and what we put there;
+# empty while nothing is watched.
+_replaced = {}
 
 
 def watch_debugger():
     """Follows every stop of pdb, and of the debuggers built on it, from now on; again is the same as once."""
     import pdb
 
-    if hasattr(pdb.Pdb.interaction, "before_watching"):
+    # Not before somebody asks for it: most sessions never see a debugger.
+    from contextdata._debugger_prompt import replacements
+
+    if _replaced:
         return
-    before_watching = pdb.Pdb.interaction
-
-    @functools.wraps(before_watching)
-    def interaction(debugger, *arguments, **options):
-        _stopped.append(debugger)
-        set_stopped_debugger(debugger)
-        try:
-            return before_watching(debugger, *arguments, **options)
-        finally:
-            _stopped.pop()
-            set_stopped_debugger(_stopped[-1] if _stopped else None)
-
-    interaction.before_watching = before_watching
-    pdb.Pdb.interaction = interaction
+    for name, ours in {"interaction": _followed(pdb.Pdb.interaction), **replacements(pdb.Pdb)}.items():
+        _replaced[name] = (vars(pdb.Pdb).get(name, _NOTHING), ours)
+        setattr(pdb.Pdb, name, ours)
 
 
 def unwatch_debugger():
-    """Leaves pdb as it was before `watch_debugger`."""
+    """Leaves pdb as it was before `watch_debugger`, save for what others have put over ours since."""
     import pdb
 
-    pdb.Pdb.interaction = getattr(pdb.Pdb.interaction, "before_watching", pdb.Pdb.interaction)
+    while _replaced:
+        name, (before, ours) = _replaced.popitem()
+        if vars(pdb.Pdb).get(name) is not ours:
+            continue
+        if before is _NOTHING:
+            delattr(pdb.Pdb, name)
+        else:
+            setattr(pdb.Pdb, name, before)
+
+
+def _followed(interaction_of_pdb):
+    @functools.wraps(interaction_of_pdb)
+    def interaction(debugger, *arguments, **options):
+        with holding(debugger):
+            return interaction_of_pdb(debugger, *arguments, **options)
+
+    return interaction

@@ -13,6 +13,7 @@ from contextdata._description_table import (
     type_of,
     values_of,
 )
+from contextdata._superclass_picture import picture
 
 _MEMBER_COLUMNS = ("name", "access", "class")
 _PROPERTY_COLUMNS = (*_MEMBER_COLUMNS, "type", "values", "")
@@ -29,7 +30,8 @@ def _parts(description: Description) -> Iterable[str]:
         place = description.module if description.file is None else f"{description.module}, {description.file}"
         yield f"<div>defined in {_safe(place)}</div>"
     if description.superclasses:
-        yield f"<div>derives from</div>{_tree(description.superclasses)}"
+        yield f"<div>derives from</div>{picture(description)}"
+        yield f"<details><summary>the same as a list</summary>{_tree(description.superclasses)}</details>"
     for sort, names in attributes_of(description):
         yield f"<div>attributes of {sort}: {_safe(', '.join(names))}</div>"
     for title, members in groups_of(description):

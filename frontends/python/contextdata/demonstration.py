@@ -1,5 +1,7 @@
 """A short live demonstration: a few texts, what may follow them, a class described, and how long the answers took."""
 
+import os
+import sys
 import time
 from typing import Literal
 
@@ -33,16 +35,21 @@ class Account:
         return 0
 
 
-def main():
-    namespace = {
+def live_objects():
+    """A few things to look at, by the names of their variables."""
+    return {
         "np": numpy,
         "pd": pandas,
-        "a": numpy.arange(6.0),
-        "df": pandas.DataFrame({"city": ["Oslo"], "height": [23]}),
+        "a": numpy.arange(6.0).reshape(2, 3),
+        "df": pandas.DataFrame({"city": ["Oslo", "Lima"], "height": [23, 154]}),
         "account": Account(),
         "accounts": [Account()],
         "prices": {"bread": 3, "a cup of tea": 2},
     }
+
+
+def main():
+    namespace = live_objects()
     for text in _TEXTS:
         found, microseconds = _timed(lambda text=text: complete(text, namespace=namespace))
         shown = ", ".join(f"{item.name} ({item.kind})" for item in found[:_SHOWN])
@@ -65,4 +72,9 @@ def _timed(question):
 
 
 if __name__ == "__main__":
-    main()
+    try:
+        main()
+        sys.stdout.flush()
+    except BrokenPipeError:
+        # Whoever read has enough; nor is there anybody to tell at the end.
+        os.dup2(os.open(os.devnull, os.O_WRONLY), sys.stdout.fileno())

@@ -1,17 +1,23 @@
-"""A numeric session at the plain Python prompt, with completion on Tab.
+"""A numeric session with a few live objects and completion on Tab.
 
-    python3 -i -c 'import contextdata.session; contextdata.session.start(globals())'
+In IPython:
+
+    python3 -m contextdata.session
+
+At the plain Python prompt:
+
+    python3 -q -i -c 'import contextdata.session; contextdata.session.start(globals())'
 """
 
-import builtins
-import keyword
 import readline
+import sys
 
 from contextdata import complete, watch_debugger
+from contextdata._readline_words import words
 
 _GREETING = """\
-contextdata: press Tab after a dot, as in  a.  df.  np.linalg.
-here are numpy as np, pandas as pd, an array a and a table df; nothing of yours runs while you look
+contextdata: press Tab, as in  df.  np.linalg.  prices["  accounts[0].  np.linspace(  import nu{more}
+here are numpy as np, pandas as pd, an array a, a table df, an account; nothing of yours runs while you look
 exit() or Ctrl-D leaves"""
 
 # Python's own, without the dot: what stands before the cursor stays one word.
@@ -33,32 +39,35 @@ class PromptCompleter:
 
     def matches(self, line, begin):
         """What may stand for the word that begins at `begin`, the last one of the line."""
-        word = line[begin:]
-        found = complete(line, namespace=self._namespace)
-        # A key may begin before the word, which ends at blanks and quotes.
-        matches = [(line[begin : found.start] + item.name)[max(0, begin - found.start) :] for item in found]
-        if "." in word or any(item.kind != "argument" for item in found):
-            return matches
-        return matches + sorted(name for name in self._names() if word and name.startswith(word))
-
-    def _names(self):
-        names = {name for name in (*self._namespace, *vars(builtins)) if isinstance(name, str)}
-        return names.union(keyword.kwlist)
+        return words(complete(line, namespace=self._namespace, ranked=True), line, begin)
 
 
 def start(namespace):
     """Puts a few live objects into the namespace and completion on Tab, follows the debugger, and greets."""
-    import numpy
-    import pandas
+    from contextdata.demonstration import live_objects
 
-    namespace.update(
-        np=numpy,
-        pd=pandas,
-        a=numpy.arange(6.0).reshape(2, 3),
-        df=pandas.DataFrame({"city": ["Oslo", "Lima"], "height": [23, 154]}),
-    )
+    namespace.update(live_objects())
     readline.set_completer(PromptCompleter(namespace))
     readline.set_completer_delims(_DELIMITERS)
     readline.parse_and_bind("tab: complete")
     watch_debugger()
-    print(_GREETING)
+    print(_GREETING.format(more=""))
+
+
+def start_ipython():
+    """Runs a session of IPython's with our extension and a few live objects, until somebody leaves it."""
+    try:
+        import IPython
+        from traitlets.config import Config
+    except ImportError as error:
+        sys.exit(f"contextdata: {error}; install IPython, or ask for a plain session")
+    from contextdata.demonstration import live_objects
+
+    config = Config()
+    config.TerminalInteractiveShell.banner1 = _GREETING.format(more="; or ask  df?") + "\n"
+    config.TerminalInteractiveShell.confirm_exit = False
+    IPython.start_ipython(argv=["--ext", "contextdata"], config=config, user_ns=live_objects())
+
+
+if __name__ == "__main__":
+    start_ipython()
