@@ -20,7 +20,10 @@ bool nameBefore(const Item& left, const Item& right) { return left.name < right.
 const char* textOf(Kind kind) noexcept { return kindTexts[static_cast<std::size_t>(kind)]; }
 
 Items sortedOnce(std::vector<Item> items) {
-    std::stable_sort(items.begin(), items.end(), nameBefore);
+    // Many a source has its names in order, and comparing is cheaper than moving.
+    if (!std::is_sorted(items.begin(), items.end(), nameBefore)) {
+        std::stable_sort(items.begin(), items.end(), nameBefore);
+    }
     const auto sameName = [](const Item& left, const Item& right) { return left.name == right.name; };
     items.erase(std::unique(items.begin(), items.end(), sameName), items.end());
     return items;

@@ -32,9 +32,10 @@ Items nextParts(const std::vector<std::u16string>& names, std::u16string_view pr
         if (!name.starts_with(prefix)) {
             continue;
         }
-        std::u16string part = name.substr(prefix.size(), name.find(u'.', prefix.size()) - prefix.size());
+        const std::u16string_view rest = std::u16string_view(name).substr(prefix.size());
+        const std::u16string_view part = rest.substr(0, rest.find(u'.'));
         if (!part.empty() && (items.empty() || items.back().name != part)) {
-            items.push_back({std::move(part), Kind::space, {}});
+            items.push_back({std::u16string(part), Kind::space, {}});
         }
     }
     return sortedOnce(std::move(items));

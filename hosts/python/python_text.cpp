@@ -1,5 +1,8 @@
 #include "hosts/python/python_text.h"
 
+#include <algorithm>
+
+#include "hosts/python/references.h"
 #include "hosts/python/utf.h"
 
 namespace python_host {
@@ -48,7 +51,9 @@ std::optional<std::string_view> utf8Of(PyObject* text, std::string& buffer) {
 
 std::string lossyUtf8Of(PyObject* text) {
     std::string result;
-    if (PyUnicode_IS_READY(text)) {
+    if (PyUnicode_IS_READY(text) && PyUnicode_IS_ASCII(text)) {
+        result = asciiOf(text);
+    } else if (PyUnicode_IS_READY(text)) {
         eachPoint(text, [&result](char32_t point) {
             appendUtf8(result, withoutSurrogate(point));
             return true;
@@ -61,6 +66,10 @@ std::u16string utf16Of(PyObject* text) {
     std::u16string result;
     if (!PyUnicode_IS_READY(text)) {
         return result;
+    }
+    if (PyUnicode_IS_ASCII(text)) {
+        const std::string_view ascii = asciiOf(text);
+        return {ascii.begin(), ascii.end()};
     }
     result.reserve(static_cast<std::size_t>(PyUnicode_GET_LENGTH(text)));
     eachPoint(text, [&result](char32_t point) {
@@ -90,6 +99,16 @@ PyObject* makeText(std::string_view utf8) noexcept {
 }
 
 bool isIdentifier(PyObject* text) noexcept { return PyUnicode_IS_READY(text) && PyUnicode_IsIdentifier(text) == 1; }
+
+bool isIdentifier(std::string_view utf8) noexcept {
+    const auto isLetter = [](char c) { return c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    const auto isPlain = [&](char c) { return isLetter(c) || (c >= '0' && c <= '9'); };
+    if (std::all_of(utf8.begin(), utf8.end(), isPlain)) {
+        return !utf8.empty() && isLetter(utf8.front());
+    }
+    const Ref text = Ref::steal(makeText(utf8));
+    return text && isIdentifier(text.get());
+}
 
 bool isSpecialName(std::string_view name) noexcept {
     return name.size() > 4 && name.starts_with("__") && name.ends_with("__");

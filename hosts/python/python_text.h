@@ -28,6 +28,7 @@ PyObject* makeText(std::string_view utf8) noexcept;
 
 /// Whether the text can follow a dot in source code.
 bool isIdentifier(PyObject* text) noexcept;
+bool isIdentifier(std::string_view utf8) noexcept;
 
 /// Names by the custom of the language. `__x__` belongs to the language itself.
 bool isSpecialName(std::string_view name) noexcept;

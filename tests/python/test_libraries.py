@@ -84,3 +84,9 @@ def test_constructors_that_are_static_methods_are_marked():
     assert kind("Decimal.", "from_float", Decimal=decimal.Decimal) == "static method"
     assert kind("Path.", "cwd", Path=pathlib.Path) == "static method"
     assert kind("Path.", "resolve", Path=pathlib.Path) == "method"
+
+
+def test_columns_lead_on_like_attributes():
+    frame = pandas.DataFrame({"height": [1, 2]})
+    assert "rolling" in names("df.height.", df=frame)
+    assert names("df.depth.", df=frame) == []

@@ -132,8 +132,20 @@ TEST_F(PropertyReading, ReadsTheAxesOfFrames) {
     EXPECT_EQ(read("series", "index"), "Index(['row'], dtype='object')");
     EXPECT_EQ(read("series", "name"), "'a'");
     EXPECT_EQ(read("frame", "values"), "refused");
-    EXPECT_EQ(read("frame", "a"), "refused");
+    EXPECT_EQ(read("frame", "a"), evalText("repr(series)"));
     EXPECT_EQ(read("derived", "columns"), "refused");
+}
+
+TEST_F(PropertyReading, ColumnsOfAFrameAreItsAttributesBehindItsMembers) {
+    run("import pandas\n"
+        "frame = pandas.DataFrame({'height': [1, 2], 'mean': [3, 4], 'two words': [5, 6]})\n"
+        "class Sheet(pandas.DataFrame):\n"
+        " def __getitem__(self, key): trace.append(key)\n"
+        "sheet = Sheet({'height': [1, 2]})");
+    EXPECT_EQ(read("frame", "height"), evalText("repr(frame.height)"));
+    EXPECT_THAT(read("frame", "mean"), ::testing::StartsWith("<bound method"));
+    EXPECT_EQ(read("frame", "depth"), "refused");
+    EXPECT_EQ(read("sheet", "height"), "refused");
 }
 
 TEST_F(PropertyReading, DoesNotCompareForeignKeys) {

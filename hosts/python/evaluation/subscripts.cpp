@@ -4,7 +4,7 @@
 
 #include "hosts/python/errors.h"
 #include "hosts/python/evaluation/constant_keys.h"
-#include "hosts/python/evaluation/frame_columns.h"
+#include "hosts/python/objects/frame_columns.h"
 #include "hosts/python/values/numpy_values.h"
 
 namespace python_host {

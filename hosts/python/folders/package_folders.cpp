@@ -1,5 +1,7 @@
 #include "hosts/python/folders/package_folders.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <chrono>
 #include <system_error>
@@ -17,10 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isOffered(const std::string& name) {
-    const Ref text = Ref::steal(makeText(name));
-    return text && isIdentifier(text.get()) && !isSpecialName(name);
-}
+bool isOffered(std::string_view name) { return isIdentifier(name) && !isSpecialName(name); }
 
 /// What a folder holds that could be imported, as it was when the folder changed last.
 struct FolderPicture {
@@ -94,9 +93,9 @@ const FolderPicture& pictureOf(const fs::path& folder) {
 }  // namespace
 
 // A folder becomes a package by a file in it, which leaves the time of the folder around it as it was.
-bool isPackageFolder(const fs::path& folder) {
-    std::error_code error;
-    return fs::is_regular_file(folder / "__init__.py", error);
+bool isPackageFolder(const std::string& folder) {
+    struct stat status = {};
+    return ::stat((folder + "/__init__.py").c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 bool hasModuleFile(const fs::path& folder, std::string_view name) {
@@ -104,12 +103,13 @@ bool hasModuleFile(const fs::path& folder, std::string_view name) {
     return std::find(modules.begin(), modules.end(), name) != modules.end();
 }
 
-void addModulesInFolder(const fs::path& folder, std::set<std::string>& names) {
+void addModulesInFolder(const fs::path& folder, std::vector<std::string>& names) {
     const FolderPicture& picture = pictureOf(folder);
-    names.insert(picture.modules.begin(), picture.modules.end());
+    names.insert(names.end(), picture.modules.begin(), picture.modules.end());
+    const std::string prefix = folder.native() + '/';
     for (const std::string& subfolder : picture.subfolders) {
-        if (isPackageFolder(folder / subfolder)) {
-            names.insert(subfolder);
+        if (isPackageFolder(prefix + subfolder)) {
+            names.push_back(subfolder);
         }
     }
 }
@@ -131,11 +131,13 @@ std::vector<fs::path> foldersOfPackage(PyObject* module) {
 }
 
 std::vector<std::string> submodulesInFolders(PyObject* module) {
-    std::set<std::string> names;
+    std::vector<std::string> names;
     for (const fs::path& folder : foldersOfPackage(module)) {
         addModulesInFolder(folder, names);
     }
-    return {names.begin(), names.end()};
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
 }
 
 }  // namespace python_host

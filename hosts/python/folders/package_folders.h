@@ -4,19 +4,18 @@
 #include <Python.h>
 
 #include <filesystem>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace python_host {
 
-/// Adds the names of the modules and packages in a folder; none when it is no folder or may not be read. Opens no file,
-/// imports nothing.
-void addModulesInFolder(const std::filesystem::path& folder, std::set<std::string>& names);
+/// Adds the names of the modules and packages in a folder, in any order and perhaps repeatedly; none when it is no
+/// folder or may not be read. Opens no file, imports nothing.
+void addModulesInFolder(const std::filesystem::path& folder, std::vector<std::string>& names);
 
 /// Whether a folder is a package: it holds the file that says so.
-bool isPackageFolder(const std::filesystem::path& folder);
+bool isPackageFolder(const std::string& folder);
 
 /// Whether a folder holds a module of that name which is a file.
 bool hasModuleFile(const std::filesystem::path& folder, std::string_view name);

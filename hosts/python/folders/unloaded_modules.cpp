@@ -48,7 +48,7 @@ bool isCompiledIn(std::string_view name) {
 Found findIn(const Folders& folders, std::string_view name) {
     for (const fs::path& folder : folders) {
         checkForInterrupt();
-        if (fs::path own = folder / name; isPackageFolder(own)) {
+        if (fs::path own = folder / name; isPackageFolder(own.native())) {
             return UnloadedModule{{std::move(own)}};
         }
         if (hasModuleFile(folder, name)) {
@@ -72,8 +72,7 @@ Found findUnloadedModule(std::string_view dotted) {
     }
     const std::size_t dot = dotted.rfind('.');
     const std::string_view name = dotted.substr(dot + 1);
-    const Ref text = Ref::steal(makeText(name));
-    if (!text || !isIdentifier(text.get())) {
+    if (!isIdentifier(name)) {
         return std::nullopt;
     }
     if (dot == std::string_view::npos) {
@@ -87,10 +86,10 @@ Found findUnloadedModule(std::string_view dotted) {
     return package ? findIn(package->folders, name) : std::nullopt;
 }
 
-void addCompiledIn(std::set<std::string>& names) {
+void addCompiledIn(std::vector<std::string>& names) {
     eachCompiledIn([&](std::string name) {
         if (!isSpecialName(name)) {
-            names.insert(std::move(name));
+            names.push_back(std::move(name));
         }
     });
 }

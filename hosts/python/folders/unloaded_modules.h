@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +21,6 @@ struct UnloadedModule {
 std::optional<UnloadedModule> findUnloadedModule(std::string_view dotted);
 
 /// Adds the names of the modules that are compiled into the interpreter, and that code can spell.
-void addCompiledIn(std::set<std::string>& names);
+void addCompiledIn(std::vector<std::string>& names);
 
 }  // namespace python_host

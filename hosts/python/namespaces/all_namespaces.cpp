@@ -2,9 +2,10 @@
 
 #include <Python.h>
 
-#include <set>
+#include <algorithm>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/errors.h"
@@ -21,13 +22,6 @@ namespace python_host {
 
 namespace {
 
-using Names = std::set<std::string>;
-
-bool isIdentifierText(std::string_view name) {
-    const Ref text = Ref::steal(makeText(name));
-    return text && isIdentifier(text.get());
-}
-
 /// Whether code can spell the name: identifiers with dots between them.
 bool isPlainName(std::string_view dotted) {
     if (dotted.empty() || dotted.ends_with('.')) {
@@ -36,24 +30,24 @@ bool isPlainName(std::string_view dotted) {
     SplitName split{{}, dotted};
     while (!split.rest.empty()) {
         split = splitFirst(split.rest);
-        if (!isIdentifierText(split.first)) {
+        if (!isIdentifier(split.first)) {
             return false;
         }
     }
     return true;
 }
 
-void addLoaded(Names& names) {
+void addLoaded(std::vector<std::string>& names) {
     std::string buffer;
     eachTextItem(loadedModules(), [&](PyObject* key, PyObject* value) {
         const auto name = PyModule_Check(value) ? utf8Of(key, buffer) : std::nullopt;
         if (name && isPlainName(*name)) {
-            names.emplace(*name);
+            names.emplace_back(*name);
         }
     });
 }
 
-void addImportable(Names& names) {
+void addImportable(std::vector<std::string>& names) {
     for (const std::filesystem::path& folder : searchPathEntries()) {
         checkForInterrupt();
         addModulesInFolder(folder, names);
@@ -64,10 +58,12 @@ void addImportable(Names& names) {
 
 qxUniqueArray allNamespaceObjects() {
     const PendingErrorGuard pending;
-    Names names;
+    std::vector<std::string> names;
     addLoaded(names);
     addImportable(names);
     addCompiledIn(names);
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
     NameList list;
     for (const std::string& name : names) {
         list.append(name);

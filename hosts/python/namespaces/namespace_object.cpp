@@ -1,8 +1,8 @@
 #include "hosts/python/namespaces/namespace_object.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -72,8 +72,9 @@ public:
     }
 
     void addAllIn(const std::filesystem::path& folder) {
-        std::set<std::string> names;
+        std::vector<std::string> names;
         addModulesInFolder(folder, names);
+        std::sort(names.begin(), names.end());
         for (const std::string& name : names) {
             add(name);
         }

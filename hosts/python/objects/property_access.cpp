@@ -15,6 +15,7 @@
 #include "hosts/python/errors.h"
 #include "hosts/python/keys.h"
 #include "hosts/python/namespaces/live_modules.h"
+#include "hosts/python/objects/frame_columns.h"
 #include "hosts/python/objects/instance_attributes.h"
 #include "hosts/python/objects/known_getters.h"
 #include "hosts/python/python_host.h"
@@ -86,7 +87,11 @@ Ref readFromInstance(PyObject* object, PyObject* name, AttributeReach reach) {
     if (PyObject* own = findItem(instanceDictionary(object), name)) {
         return Ref::share(own);
     }
-    return attribute.value == nullptr ? Ref() : readClassValue(object, attribute.value, reach);
+    if (attribute.value != nullptr) {
+        return readClassValue(object, attribute.value, reach);
+    }
+    // A frame shows its columns as attributes that it has not.
+    return reach == AttributeReach::knownGetters ? readFrameColumn(object, name) : Ref();
 }
 
 /// A value of a class as it looks from the class itself.

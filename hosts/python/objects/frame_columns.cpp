@@ -1,6 +1,6 @@
 // A column that somebody has read before lies in the frame's own cache. Any other column is made by the library's own
 // reader, which is Python: it is called only when all that it touches is the library's own or plain data.
-#include "hosts/python/evaluation/frame_columns.h"
+#include "hosts/python/objects/frame_columns.h"
 
 #include <algorithm>
 #include <span>
