@@ -6,7 +6,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 source scripts/setup.sh
 
 need_packages "${build_packages[@]}" "${session_packages[@]}" libgtest-dev libgmock-dev libbenchmark-dev valgrind \
-  python3-ipython python3-jedi
+  "${ipython_packages[@]}" "${kernel_packages[@]}" python3-jedi
 build_preset release
 
 say "instructions of the name lists, beside their floor"
@@ -17,3 +17,10 @@ say "instructions of questions to the workspace, beside the host calls they need
 bench/workspace_instructions.py build/release/bench/workspace_instructions --check
 say "live completion, beside today's tools"
 PYTHONPATH=build/release/python bench/peers/peers.py --check
+say "completions that need an evaluation"
+PYTHONPATH=build/release/python bench/live/evaluation.py --check
+say "a recorded hour of work, beside IPython with and without jedi"
+PYTHONPATH=build/release/python bench/replay/replay.py --check
+say "what the import costs, and a round trip through a kernel"
+PYTHONPATH=build/release/python bench/replay/import_cost.py --check
+PYTHONPATH=build/release/python bench/replay/kernel_round_trip.py --check

@@ -40,7 +40,7 @@ Items keysFor(const ParsedText& parsed, const Request& request, Workspace& works
         return {};
     }
     if (parsed.wanted == Wanted::keys) {
-        return keysOf(value.get(), parsed.quote, request.language);
+        return keysOf(value.get(), parsed.quote, request.language, {typedName(parsed), request.isRanked});
     }
     return wholeKeysOf(value.get(), quoteOfKey(parsed.wholeKey), request.language);
 }

@@ -56,7 +56,9 @@ qxSharedArray valueOfExpression(std::u16string_view expression, const Rules& rul
     if (!rules.walks || rules.runsCode || !beginsWithName(expression)) {
         return evaluated(text);
     }
-    return unlessItFails([&] { return GetValueFromCurrentWorkspace(text); });
+    qxSharedArray walked = unlessItFails([&] { return GetValueFromCurrentWorkspace(text); });
+    // The walk ends at values of several elements, which may have members and subscripts all the same.
+    return walked ? walked : evaluated(text);
 }
 
 qxSharedArray valueAtEnd(const qxSharedArray& root, std::span<const std::u16string_view> chain, const Rules& rules) {

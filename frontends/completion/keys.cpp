@@ -35,17 +35,31 @@ Names keysOfStructure(const qxArray* value) {
     return fields;
 }
 
-}  // namespace
-
-Items keysOf(const qxArray* value, char16_t quote, const Language& language) {
+/// The keys that fit, as they stand in a string.
+template <class Fits>
+Items written(const Names& keys, char16_t quote, const Language& language, Fits fits) {
     std::vector<Item> items;
-    for (const std::u16string& key : isStructure(value) ? keysOfStructure(value) : ask(value, "keys")) {
+    for (const std::u16string& key : keys) {
         std::u16string escaped = language.escaped(key, quote);
-        if (!escaped.empty()) {
+        if (!escaped.empty() && fits(escaped)) {
             items.push_back({std::move(escaped), Kind::key, {}});
         }
     }
     return sortedOnce(std::move(items));
+}
+
+}  // namespace
+
+Items keysOf(const qxArray* value, char16_t quote, const Language& language, const Choice& choice) {
+    const Names keys = isStructure(value) ? keysOfStructure(value) : ask(value, "keys");
+    const Typed typed(choice.typed);
+    Items close = written(keys, quote, language, [&](std::u16string_view key) {
+        return choice.isRanked ? typed.closeMatch(key) != Match::none : key.starts_with(choice.typed);
+    });
+    if (!close.empty() || !choice.isRanked) {
+        return close;
+    }
+    return written(keys, quote, language, [](std::u16string_view /*key*/) { return true; });
 }
 
 char16_t quoteOfKey(std::u16string_view typed) noexcept {
@@ -54,7 +68,7 @@ char16_t quoteOfKey(std::u16string_view typed) noexcept {
 }
 
 Items wholeKeysOf(const qxArray* value, char16_t quote, const Language& language) {
-    Items items = keysOf(value, quote, language);
+    Items items = keysOf(value, quote, language, {});
     for (Item& item : items) {
         item.name = quote + item.name + quote;
     }

@@ -1,5 +1,6 @@
 """Members behind chains with constant subscripts."""
 
+import __main__
 import collections
 import types
 
@@ -93,9 +94,17 @@ def test_nobodys_code_runs():
 
 
 def test_the_variables_are_those_of_the_call():
-    assert names("__name__[0].") == []
+    __main__.only_there = "text"
+    try:
+        assert names("only_there[0].", v=1) == []
+    finally:
+        del __main__.only_there
     assert kind("v[0].", "conjugate", v=[1j]) == "method"
     assert names("v[0].", v=[]) == []
+
+
+def test_a_walk_that_ends_at_several_elements_is_evaluated():
+    assert "reshape" in names("a.T[0].", a=numpy.zeros((2, 3)))
 
 
 def test_any_length_and_depth():

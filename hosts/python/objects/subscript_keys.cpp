@@ -13,7 +13,8 @@ namespace python_host {
 
 namespace {
 
-void appendText(PyObject* key, UniqueNameList& names) {
+template <class Names>
+void appendText(PyObject* key, Names& names) {
     if (PyUnicode_CheckExact(key)) {
         names.append(lossyUtf8Of(key));
     }
@@ -25,14 +26,22 @@ void appendFields(PyObject* fields, UniqueNameList& names) {
     }
 }
 
+/// No key stands twice in a dictionary.
+NameList storedKeysOf(PyObject* dictionary) {
+    NameList names;
+    eachTextItem(dictionary, [&](PyObject* key, PyObject* /*value*/) { appendText(key, names); });
+    return names;
+}
+
 }  // namespace
 
 NameList subscriptKeysOf(PyObject* object) {
     checkForInterrupt();
-    UniqueNameList names;
     if (PyDict_Check(object)) {
-        eachTextItem(object, [&](PyObject* key, PyObject* /*value*/) { appendText(key, names); });
-    } else if (isLabelled(Py_TYPE(object))) {
+        return storedKeysOf(object);
+    }
+    UniqueNameList names;
+    if (isLabelled(Py_TYPE(object))) {
         eachLabel(object, [&](PyObject* label) { appendText(label, names); });
     } else if (const Ref fields = numpyFieldsOf(object)) {
         appendFields(fields.get(), names);
