@@ -18,6 +18,8 @@ function(contextdata_python_tests label)
       COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++.so
       OUTPUT_VARIABLE standard_library
       OUTPUT_STRIP_TRAILING_WHITESPACE)
+    # Everything takes several times as long with it.
+    math(EXPR ARG_TIMEOUT "${ARG_TIMEOUT} * 4")
     list(APPEND environment "LD_PRELOAD=${sanitizer_runtime} ${standard_library}"
          "ASAN_OPTIONS=detect_leaks=0:quarantine_size_mb=1:thread_local_quarantine_size_kb=64")
   endif()
