@@ -19,8 +19,8 @@ say "live completion, beside today's tools"
 PYTHONPATH=build/release/python bench/peers/peers.py --check
 say "completions that need an evaluation"
 PYTHONPATH=build/release/python bench/live/evaluation.py --check
-say "a recorded hour of work, beside IPython with and without jedi"
-PYTHONPATH=build/release/python bench/replay/replay.py --check
 say "what the import costs, and a round trip through a kernel"
 PYTHONPATH=build/release/python bench/replay/import_cost.py --check
 PYTHONPATH=build/release/python bench/replay/kernel_round_trip.py --check
+say "a recorded hour of work, beside IPython with and without jedi"
+PYTHONPATH=build/release/python bench/replay/replay.py --check

@@ -34,17 +34,6 @@ Subject subjectOf(const ParsedText& parsed, const Request& request, Workspace& w
     return root ? describe(valueAtEnd(root, parsed.chain, request.rules)) : named(parsed.chain, request.file);
 }
 
-Items keysFor(const ParsedText& parsed, const Request& request, Workspace& workspace) {
-    const qxSharedArray value = keyedValueOf(parsed, request, workspace);
-    if (!value) {
-        return {};
-    }
-    if (parsed.wanted == Wanted::keys) {
-        return keysOf(value.get(), parsed.quote, request.language, {typedName(parsed), request.isRanked});
-    }
-    return wholeKeysOf(value.get(), quoteOfKey(parsed.wholeKey), request.language);
-}
-
 Items argumentsFor(const ParsedText& parsed, const Request& request) {
     return argumentsOf({parsed.chain, parsed.given, parsed.positions}, request.file, request.language);
 }
@@ -63,11 +52,10 @@ Items allItemsFor(const ParsedText& parsed, const Request& request, Workspace& w
             return modulesIn(parsed.chain);
         case Wanted::importedNames:
             return namesToImport(parsed.chain);
-        case Wanted::keys:
-        case Wanted::wholeKeys:
-            return keysFor(parsed, request, workspace);
         case Wanted::arguments:
             return argumentsFor(parsed, request);
+        case Wanted::keys:
+        case Wanted::wholeKeys:
         case Wanted::files:
         case Wanted::nothing:
             break;
@@ -100,8 +88,16 @@ qxSharedArray keyedValueOf(const ParsedText& parsed, const Request& request, Wor
     if (!parsed.expression.empty()) {
         return valueOf(parsed, request);
     }
-    const qxSharedArray root = rootOf(parsed, workspace);
+    const qxSharedArray root = isTooLong(parsed.chain) ? qxSharedArray() : rootOf(parsed, workspace);
     return root ? valueAtEnd(root, parsed.chain, request.rules) : qxSharedArray();
+}
+
+Items keysFor(const ParsedText& parsed, const Request& request, const qxSharedArray& value) {
+    const Choice choice{typedName(parsed), request.isRanked};
+    Items keys = parsed.wanted == Wanted::keys
+                     ? keysOf(value.get(), parsed.quote, request.language, choice)
+                     : wholeKeysOf(value.get(), quoteOfKey(parsed.wholeKey), request.language);
+    return chosen(std::move(keys), choice);
 }
 
 Items itemsFor(const ParsedText& parsed, const Request& request, Workspace& workspace) {
@@ -110,6 +106,10 @@ Items itemsFor(const ParsedText& parsed, const Request& request, Workspace& work
     }
     if (parsed.wanted == Wanted::files) {
         return filesOf(parsed.fragment, parsed.quote, request.language, request.isRanked);
+    }
+    if (parsed.wanted == Wanted::keys || parsed.wanted == Wanted::wholeKeys) {
+        const qxSharedArray value = keyedValueOf(parsed, request, workspace);
+        return value ? keysFor(parsed, request, value) : Items();
     }
     Items items = allItemsFor(parsed, request, workspace);
     return parsed.wanted == Wanted::arguments ? withNames(std::move(items), parsed, request)

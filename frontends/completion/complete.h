@@ -62,4 +62,8 @@ Items itemsFor(const ParsedText& parsed, const Request& request, Workspace& work
 /// Of a text where keys are wanted: the value that has them; empty when there is none, or none that may be had.
 qxSharedArray keyedValueOf(const ParsedText& parsed, const Request& request, Workspace& workspace);
 
+/// The keys of that value, which is not null, that fit what was typed: what `itemsFor` gives for such a text, for those
+/// who have the value already. Finding it may run code, and nobody wants that twice.
+Items keysFor(const ParsedText& parsed, const Request& request, const qxSharedArray& value);
+
 }  // namespace contextdata::completion

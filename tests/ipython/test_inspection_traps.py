@@ -110,6 +110,38 @@ def test_no_hook_of_a_metaclass_runs(shell):
     assert Meta.ran == []
 
 
+def test_no_key_is_asked_whether_it_is_a_name(shell):
+    ran = []
+
+    class Key:
+        def __init__(self, like):
+            self.like = like
+
+        def __hash__(self):
+            return hash(self.like)
+
+        def __eq__(self, other):
+            ran.append(other)
+            return False
+
+    class Holder:
+        pass
+
+    holder, module = Holder(), types.ModuleType("module")
+    for name in ("wanted", "missing", "__doc__"):
+        # The key that is there first is met first.
+        vars(holder)[Key(name)] = vars(module)[Key(name)] = 1
+    holder.wanted = module.wanted = 2
+    shell.user_ns.update(holder=holder, module=module)
+    ran.clear()
+    for name in ("holder", "module", "holder.wanted", "module.wanted"):
+        inspected(shell, name)
+    for name in ("holder.missing", "module.missing"):
+        with pytest.raises(KeyError):
+            inspected(shell, name)
+    assert ran == []
+
+
 def test_defaults_and_annotations_are_written_without_asking_them(shell):
     ran = []
 

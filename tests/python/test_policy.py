@@ -91,6 +91,24 @@ def test_full_runs_it_once(space):
     assert Account.ran == ["balance", "balance", "make"]
 
 
+@pytest.mark.parametrize("ranked", [False, True])
+@pytest.mark.parametrize("text", ['make()["', "make()[", "make()['zz", 'account.table["', "plain()['", "plain().zz"])
+def test_full_runs_what_has_keys_once_too(text, ranked):
+    ran = []
+
+    def make():
+        ran.append("make")
+        return {"k": 1, ("a", 1): 2, b"b": 3}
+
+    class Holder:
+        table = property(lambda self: make())
+
+    space = {"make": make, "account": Holder(), "plain": lambda: ran.append("plain")}
+    contextdata.set_policy("full")
+    contextdata.complete(text, namespace=space, ranked=ranked)
+    assert len(ran) == 1
+
+
 def test_what_fails_under_full_is_no_answer(space, capfd):
     contextdata.set_policy("full")
 

@@ -3,13 +3,10 @@ offers what we know."""
 
 import functools
 
+from contextdata._replacing import Replaced
 from contextdata._stopped_debugger import holding
 
-_NOTHING = object()
-
-# For each attribute of pdb's class that we stand in for, what stood in the class itself before, and what we put there;
-# empty while nothing is watched.
-_replaced = {}
+_replaced = Replaced()
 
 
 def watch_debugger():
@@ -22,22 +19,12 @@ def watch_debugger():
     if _replaced:
         return
     for name, ours in {"interaction": _followed(pdb.Pdb.interaction), **replacements(pdb.Pdb)}.items():
-        _replaced[name] = (vars(pdb.Pdb).get(name, _NOTHING), ours)
-        setattr(pdb.Pdb, name, ours)
+        _replaced.set(pdb.Pdb, name, ours)
 
 
 def unwatch_debugger():
     """Leaves pdb as it was before `watch_debugger`, save for what others have put over ours since."""
-    import pdb
-
-    while _replaced:
-        name, (before, ours) = _replaced.popitem()
-        if vars(pdb.Pdb).get(name) is not ours:
-            continue
-        if before is _NOTHING:
-            delattr(pdb.Pdb, name)
-        else:
-            setattr(pdb.Pdb, name, before)
+    _replaced.put_back()
 
 
 def _followed(interaction_of_pdb):

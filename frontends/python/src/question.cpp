@@ -95,15 +95,17 @@ qxSharedArray Question::valueOfExpression() const {
 /// by one that is no text.
 Offered Question::keys() {
     const qxSharedArray value = keyedValueOf(parsed_, request({}), variables_);
-    Items written = writtenKeys(value, parsed_.wholeKey);
-    for (Item& key : written) {
-        key.sortKey = choice_.isRanked ? sortKeyOf(key, completion::Match::beginning) : key.sortKey;
+    if (!value) {
+        return {pybind11::tuple()};
     }
-    Items items = itemsFor(parsed_, request({}), variables_);
-    if (parsed_.wanted == Wanted::wholeKeys) {
-        std::move(written.begin(), written.end(), std::back_inserter(items));
-    } else if (items.empty()) {
-        return {tupleOfItems(written), parsed_.wholeKey.size()};
+    Items items = keysFor(parsed_, request({}), value);
+    if (parsed_.wanted == Wanted::keys) {
+        return items.empty() ? Offered{tupleOfItems(writtenKeys(value, parsed_.wholeKey)), parsed_.wholeKey.size()}
+                             : offered(tupleOfItems(items));
+    }
+    for (Item& key : writtenKeys(value, parsed_.wholeKey)) {
+        key.sortKey = choice_.isRanked ? sortKeyOf(key, completion::Match::beginning) : key.sortKey;
+        items.push_back(std::move(key));
     }
     std::sort(items.begin(), items.end(), completion::ranksBefore);
     items.erase(std::unique(items.begin(), items.end()), items.end());

@@ -2,6 +2,7 @@
 
 from collections.abc import Iterable
 
+from contextdata._replacing import Replaced
 from contextdata.ipython import _inspection_requests, _matcher, _process, _why
 from contextdata.ipython._answer import Answer, ask, cut
 from contextdata.ipython._cell import python_at_debugger, python_of_cell
@@ -11,7 +12,6 @@ from contextdata.ipython._failures import Failures
 from contextdata.ipython._key_hooks import keys_at
 from contextdata.ipython._namespaces import namespaces_of
 from contextdata.ipython._others import is_of_debugger, of_backslash, suggestions
-from contextdata.ipython._replacing import Replaced
 from contextdata.ipython._settings import ContextdataCompleter
 
 _extensions = {}

@@ -4,10 +4,10 @@ import warnings
 
 from IPython.core import page
 
+from contextdata._replacing import Replaced
 from contextdata.ipython import _inspection_forms as forms
 from contextdata.ipython import _plain_reading as reading
 from contextdata.ipython._inspection import Inspection, inspect_name
-from contextdata.ipython._replacing import Replaced
 
 _NOT_FOUND = "not found"
 

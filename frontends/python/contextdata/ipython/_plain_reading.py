@@ -23,10 +23,7 @@ _dictionary = type.__dict__["__dict__"].__get__
 
 def root(name: str, namespaces: tuple[dict, ...]) -> object:
     """What a plain name means in the namespaces, or else among the built-in names."""
-    for each in (*namespaces, vars(builtins)):
-        if name in each:
-            return each[name]
-    return NOTHING
+    return _first((*namespaces, vars(builtins)), name)
 
 
 def is_of(value: object, kinds: Iterable[type]) -> bool:
@@ -38,14 +35,15 @@ def is_of(value: object, kinds: Iterable[type]) -> bool:
 def member(owner: object, name: str) -> object:
     """An attribute as it stands in the owner, its class or a class above: a property is a property."""
     if is_module(owner):
-        return module_dictionary(owner).get(name, NOTHING)
+        return _first((module_dictionary(owner),), name)
     if is_class(owner):
         found = _first(dictionaries(owner), name)
         return _first(dictionaries(type(owner)), name) if found is NOTHING else found
     of_class = _first(dictionaries(type(owner)), name)
     if of_class is not NOTHING and _has(of_class, "__set__"):
         return of_class
-    return _attributes(owner).get(name, of_class)
+    own = _first((_attributes(owner),), name)
+    return of_class if own is NOTHING else own
 
 
 def declared(cls: type, name: str) -> object:
@@ -80,7 +78,13 @@ def _has(value: object, name: str) -> bool:
 
 
 def _first(searched: Iterable[Mapping], name: str) -> object:
-    return next((each[name] for each in searched if name in each), NOTHING)
+    """What stands under a name in the first of the dictionaries that has it. All keys are looked at: a key that is no
+    plain text would be asked whether it is equal, if its hash is."""
+    for each in searched:
+        for key, value in list(each.items()):
+            if type(key) is str and key == name:
+                return value
+    return NOTHING
 
 
 def is_class(value: object) -> bool:
@@ -128,10 +132,16 @@ def is_array_function(value: object) -> bool:
     return type(value) is loaded("numpy", "ufunc")
 
 
+def entry(dictionary: Mapping, name: str) -> object:
+    """What stands under a name in a dictionary whose keys may be anybody's; None when nothing does."""
+    found = _first((dictionary,), name)
+    return None if found is NOTHING else found
+
+
 def loaded(module: str, name: str) -> object:
     """What a module holds by this name, if the session has loaded the module; None otherwise."""
     found = sys.modules.get(module)
-    return module_dictionary(found).get(name) if is_module(found) else None
+    return entry(module_dictionary(found), name) if is_module(found) else None
 
 
 def class_named(full_name: str) -> type | None:
@@ -141,8 +151,8 @@ def class_named(full_name: str) -> type | None:
         module = sys.modules.get(".".join(parts[:length]))
         if not is_module(module):
             continue
-        found = module_dictionary(module).get(parts[length])
+        found = entry(module_dictionary(module), parts[length])
         for part in parts[length + 1 :]:
-            found = own_dictionary(found).get(part) if is_class(found) else None
+            found = entry(own_dictionary(found), part) if is_class(found) else None
         return found if is_class(found) else None
     return None

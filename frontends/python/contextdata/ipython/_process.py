@@ -3,8 +3,8 @@
 import pdb
 
 import contextdata
+from contextdata._replacing import Replaced
 from contextdata.ipython._completions import replacement
-from contextdata.ipython._replacing import Replaced
 
 _replaced = Replaced()
 _at_end = []

@@ -4,7 +4,7 @@ import inspect
 import types
 from collections.abc import Iterator
 
-from contextdata.ipython._plain_reading import is_builtin_function, is_class, is_of, own_dictionary
+from contextdata.ipython._plain_reading import entry, is_builtin_function, is_class, is_of, own_dictionary
 
 _qualified_name = type.__dict__["__qualname__"].__get__
 _text_signature = type.__dict__["__text_signature__"].__get__
@@ -35,7 +35,7 @@ def signature_of(value: object, bound: bool) -> str | None:
 def unwrapped(function: types.FunctionType) -> types.FunctionType:
     """The function that a decorator has put others around, and says so."""
     for _ in range(_DEEPEST_WRAPPING):
-        inner = function.__dict__.get("__wrapped__")
+        inner = entry(function.__dict__, "__wrapped__")
         if type(inner) is not types.FunctionType:
             break
         function = inner
@@ -45,7 +45,7 @@ def unwrapped(function: types.FunctionType) -> types.FunctionType:
 def _of_class(cls: type) -> str | None:
     for each in _resolution_order(cls)[:-1]:
         for name in ("__init__", "__new__"):
-            maker = own_dictionary(each).get(name)
+            maker = entry(own_dictionary(each), name)
             maker = maker.__func__ if type(maker) is staticmethod else maker
             if type(maker) is types.FunctionType:
                 return _of_function(unwrapped(maker), bound=True)
@@ -95,7 +95,7 @@ def _parts(function: types.FunctionType, bound: bool) -> Iterator[str]:
 
 
 def _argument(name: str, annotations: dict, default: str | None) -> str:
-    annotation = _annotation(annotations.get(name))
+    annotation = _annotation(entry(annotations, name))
     if annotation is None:
         return name if default is None else f"{name}={default}"
     return f"{name}: {annotation}" if default is None else f"{name}: {annotation} = {default}"

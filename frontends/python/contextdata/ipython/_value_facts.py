@@ -4,6 +4,7 @@ import inspect
 import types
 
 from contextdata.ipython._plain_reading import (
+    entry,
     is_class,
     is_descriptor,
     is_function,
@@ -48,7 +49,7 @@ def _size_of_table(value: object) -> str | None:
 def _is_of_pandas(value: object) -> bool:
     """Whether its class is the library's own, which has no code of anybody else's."""
     own = own_dictionary(type(value))
-    module = own.get("__module__")
+    module = entry(own, "__module__")
     name = type.__dict__["__name__"].__get__(type(value))
     return type(module) is str and module.startswith("pandas.") and loaded(module, name) is type(value)
 
@@ -76,8 +77,8 @@ def _stored_documentation(value: object) -> object:
     if is_function(value) or is_descriptor(value):
         return value.__doc__
     if is_module(value):
-        return module_dictionary(value).get("__doc__")
-    return own_dictionary(value if is_class(value) else kind).get("__doc__")
+        return entry(module_dictionary(value), "__doc__")
+    return entry(own_dictionary(value if is_class(value) else kind), "__doc__")
 
 
 def file_of(value: object) -> str | None:
@@ -86,5 +87,5 @@ def file_of(value: object) -> str | None:
         return file_of(value.__func__)
     if type(value) is types.FunctionType:
         return unwrapped(value).__code__.co_filename
-    path = module_dictionary(value).get("__file__") if is_module(value) else None
+    path = entry(module_dictionary(value), "__file__") if is_module(value) else None
     return path if type(path) is str else None

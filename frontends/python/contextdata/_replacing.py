@@ -11,6 +11,10 @@ class Replaced:
     def __init__(self):
         self._undo: list[Callable[[], None]] = []
 
+    def __bool__(self):
+        """Whether there is anything to put back."""
+        return bool(self._undo)
+
     def set(self, owner, name, value):
         """Replaces an attribute of the owner itself, a class or an object; what it inherits is untouched."""
         before = vars(owner).get(name, _NOTHING)
