@@ -29,6 +29,11 @@ CONTEXTDATA_PYTHON_HOST_API zelk::COSInternedID classIdOf(PyTypeObject* type);
 /// Whether a namespace's module is loaded: of one that is not, only its place on disk is known. Any UTF-8 text.
 CONTEXTDATA_PYTHON_HOST_API bool isLoadedNamespace(std::string_view name);
 
+/// The names with which an import statement may begin, as UTF-8, each once, in the order of the alphabet: the outermost
+/// names among all namespaces. Of these at least the ones that begin, in whatever case, with what was typed, and
+/// cheaply so, since folders of other names are not looked into. Imports nothing. Throws the interrupt.
+CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> outermostModules(std::string_view typed);
+
 /// Says that the structure of a class (its members along the resolution order, their kinds and access) is what it
 /// was whenever the same stamp was given for the same type. Documentation and annotated types are not covered.
 struct StructureStamp {

@@ -80,6 +80,8 @@ def test_it_holds_for_every_kind_of_name(tmp_path, monkeypatch):
     assert ranked("open('NTS") == ["Notes.txt", "notes/"]
     assert ranked("d['K", d={"key": 1, "Key": 2, "other": 3}) == ["Key", "key"]
     assert "numpy" in ranked("import NUMP")
+    assert "numpy" in ranked("import nmupy")
+    assert "numpy" in ranked("import bumpy")
     assert "linspace" in ranked("from numpy import linsapce")
     assert "linspace" in ranked("np.LINSPACE", np=numpy)
     assert ranked("PRICE", price=1) == ["price"]

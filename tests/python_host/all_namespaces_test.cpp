@@ -1,10 +1,12 @@
 #include <algorithm>
+#include <cctype>
 
 #include "contextdata/namespace_names.h"
 #include "host/evaluation.h"
 #include "host/exceptions.h"
 #include "host/i18n.h"
 #include "host/text.h"
+#include "hosts/python/python_host.h"
 #include "tests/python_host/session.h"
 #include "tests/support/temporary_folder.h"
 
@@ -47,6 +49,40 @@ TEST_F(AllNamespaces, AreTheLoadedModulesInOrderEachOnce) {
     EXPECT_THAT(names, IsSupersetOf({"numpy", "numpy.linalg", "os", "os.path", "sys", "builtins"}));
     EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
     EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end());
+}
+
+/// The names with which all namespaces begin, of those that begin with a letter in either case.
+Names outermostOf(const Names& namespaces, char letter) {
+    Names outermost;
+    for (const std::string& name : namespaces) {
+        const bool isWanted = letter == '\0' || std::tolower(static_cast<unsigned char>(name.front())) == letter;
+        const std::string first = name.substr(0, name.find('.'));
+        if (isWanted && (outermost.empty() || outermost.back() != first)) {
+            outermost.push_back(first);
+        }
+    }
+    std::sort(outermost.begin(), outermost.end());
+    outermost.erase(std::unique(outermost.begin(), outermost.end()), outermost.end());
+    return outermost;
+}
+
+TEST_F(AllNamespaces, OutermostOnesAreTheirFirstPartsWhateverLetterIsTyped) {
+    disk.file("cdquiet.py");
+    disk.file("Cdloud/__init__.py");
+    disk.file("cdfolder/nothing.py");
+    run("sys.path = saved + ['" + disk.path().string() +
+        "']\nimport types\n"
+        "sys.modules['alone.inner'] = types.ModuleType('alone.inner')");
+    const Names namespaces = allNamespaces();
+    EXPECT_EQ(python_host::outermostModules(""), outermostOf(namespaces, '\0'));
+    EXPECT_EQ(python_host::outermostModules("\xC3\xA4"), outermostOf(namespaces, '\0'));
+    for (const char letter : std::string("_abcdefghijklmnopqrstuvwxyz")) {
+        EXPECT_EQ(python_host::outermostModules(std::string(1, letter) + "x"), outermostOf(namespaces, letter));
+    }
+    EXPECT_EQ(python_host::outermostModules("C"), outermostOf(namespaces, 'c'));
+    EXPECT_THAT(outermostOf(namespaces, 'c'), AllOf(IsSupersetOf({"cdquiet", "Cdloud"}), Not(Contains("cdfolder"))));
+    EXPECT_THAT(outermostOf(namespaces, 'a'), Contains("alone"));
+    run("del sys.modules['alone.inner']");
 }
 
 TEST_F(AllNamespaces, ModulesThatAreNotImportedCountAndStayUnimported) {

@@ -1,5 +1,7 @@
 #include "frontends/python/src/module_members.h"
 
+#include <algorithm>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -37,6 +39,20 @@ bool isUnloaded(const Subject& subject) {
            !python_host::isLoadedNamespace(fl::i18n::to_string(subject.space));
 }
 
+Items spaces(const std::vector<std::string>& names) {
+    std::vector<Item> items;
+    for (const std::string& name : names) {
+        items.push_back({fl::i18n::to_ustring(name), Kind::space, {}});
+    }
+    return items;
+}
+
+bool isAnyClose(const Items& items, std::u16string_view text) {
+    const completion::Typed typed(text);
+    return std::any_of(items.begin(), items.end(),
+                       [&typed](const Item& item) { return isClose(typed.match(item.name)); });
+}
+
 }  // namespace
 
 Items membersOfModule(const qxSharedArray& value, PyObject* module) {
@@ -58,6 +74,15 @@ Items boundNames(std::span<const std::u16string_view> module) {
     }
     const auto keep = pybind11::reinterpret_borrow<pybind11::object>(loaded);
     return bindingsOf(PyModule_GetDict(keep.ptr()));
+}
+
+Items outermostModules(const completion::Choice& choice) {
+    Items near = chosen(spaces(python_host::outermostModules(fl::i18n::to_string(choice.typed))), choice);
+    if (!choice.isRanked || isAnyClose(near, choice.typed)) {
+        return near;
+    }
+    // What was meant may begin with another letter.
+    return chosen(spaces(python_host::outermostModules({})), choice);
 }
 
 bool isUnloadedModule(std::span<const std::u16string_view> chain) { return isUnloaded(completion::named(chain, {})); }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "frontends/completion/item.h"
+#include "frontends/completion/ranking.h"
 #include "frontends/completion/subject.h"
 #include "host/array_library.h"
 
@@ -18,6 +19,9 @@ namespace contextdata::python {
 /// that is not loaded under its name is no namespace at all, yet binds names like any other. `value` stands for
 /// `module`. Depends on nothing but the module's dict.
 completion::Items membersOfModule(const qxSharedArray& value, PyObject* module);
+
+/// The modules with which an import statement may begin that are of a choice.
+completion::Items outermostModules(const completion::Choice& choice);
 
 /// Leaves the modules out that custom calls private: the class system knows no access of namespaces.
 completion::Items withoutPrivateModules(completion::Items items);

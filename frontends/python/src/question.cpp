@@ -114,7 +114,7 @@ Offered Question::keys() {
 
 /// What custom calls private is offered when it was asked for.
 Items Question::modules() {
-    Items found = itemsFor(parsed_, request({}), variables_);
+    Items found = parsed_.chain.empty() ? outermostModules(choice_) : itemsFor(parsed_, request({}), variables_);
     return parsed_.fragment.starts_with(u'_') ? found : withoutPrivateModules(std::move(found));
 }
 

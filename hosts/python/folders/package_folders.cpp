@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <system_error>
 #include <unordered_map>
 #include <utility>
@@ -103,12 +104,13 @@ bool hasModuleFile(const fs::path& folder, std::string_view name) {
     return std::find(modules.begin(), modules.end(), name) != modules.end();
 }
 
-void addModulesInFolder(const fs::path& folder, std::vector<std::string>& names) {
+void addModulesInFolder(const fs::path& folder, const Initial& initial, std::vector<std::string>& names) {
     const FolderPicture& picture = pictureOf(folder);
-    names.insert(names.end(), picture.modules.begin(), picture.modules.end());
+    std::copy_if(picture.modules.begin(), picture.modules.end(), std::back_inserter(names),
+                 [&initial](const std::string& name) { return initial.begins(name); });
     const std::string prefix = folder.native() + '/';
     for (const std::string& subfolder : picture.subfolders) {
-        if (isPackageFolder(prefix + subfolder)) {
+        if (initial.begins(subfolder) && isPackageFolder(prefix + subfolder)) {
             names.push_back(subfolder);
         }
     }
@@ -133,7 +135,7 @@ std::vector<fs::path> foldersOfPackage(PyObject* module) {
 std::vector<std::string> submodulesInFolders(PyObject* module) {
     std::vector<std::string> names;
     for (const fs::path& folder : foldersOfPackage(module)) {
-        addModulesInFolder(folder, names);
+        addModulesInFolder(folder, Initial(), names);
     }
     std::sort(names.begin(), names.end());
     names.erase(std::unique(names.begin(), names.end()), names.end());

@@ -8,11 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/python/namespaces/initial.h"
+
 namespace python_host {
 
-/// Adds the names of the modules and packages in a folder, in any order and perhaps repeatedly; none when it is no
-/// folder or may not be read. Opens no file, imports nothing.
-void addModulesInFolder(const std::filesystem::path& folder, std::vector<std::string>& names);
+/// Adds the names of interest of the modules and packages in a folder, in any order and perhaps repeatedly; none when
+/// it is no folder or may not be read. Opens no file, imports nothing.
+void addModulesInFolder(const std::filesystem::path& folder, const Initial& initial, std::vector<std::string>& names);
 
 /// Whether a folder is a package: it holds the file that says so.
 bool isPackageFolder(const std::string& folder);

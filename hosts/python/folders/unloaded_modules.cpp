@@ -86,9 +86,9 @@ Found findUnloadedModule(std::string_view dotted) {
     return package ? findIn(package->folders, name) : std::nullopt;
 }
 
-void addCompiledIn(std::vector<std::string>& names) {
+void addCompiledIn(const Initial& initial, std::vector<std::string>& names) {
     eachCompiledIn([&](std::string name) {
-        if (!isSpecialName(name)) {
+        if (initial.begins(name) && !isSpecialName(name)) {
             names.push_back(std::move(name));
         }
     });

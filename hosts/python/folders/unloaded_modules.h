@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/python/namespaces/initial.h"
+
 namespace python_host {
 
 /// A module that is not loaded.
@@ -20,7 +22,7 @@ struct UnloadedModule {
 /// that of a module that is loaded. Reads folders, opens no file. Throws the interrupt.
 std::optional<UnloadedModule> findUnloadedModule(std::string_view dotted);
 
-/// Adds the names of the modules that are compiled into the interpreter, and that code can spell.
-void addCompiledIn(std::vector<std::string>& names);
+/// Adds the names of interest of the modules that are compiled into the interpreter, and that code can spell.
+void addCompiledIn(const Initial& initial, std::vector<std::string>& names);
 
 }  // namespace python_host

@@ -13,7 +13,9 @@
 #include "hosts/python/folders/package_folders.h"
 #include "hosts/python/folders/search_path.h"
 #include "hosts/python/folders/unloaded_modules.h"
+#include "hosts/python/namespaces/initial.h"
 #include "hosts/python/namespaces/live_modules.h"
+#include "hosts/python/python_host.h"
 #include "hosts/python/python_text.h"
 #include "hosts/python/references.h"
 #include "hosts/python/values/values.h"
@@ -37,21 +39,29 @@ bool isPlainName(std::string_view dotted) {
     return true;
 }
 
-void addLoaded(std::vector<std::string>& names) {
+/// Calls `take` with the full name of each loaded module of interest.
+template <class Take>
+void eachLoaded(const Initial& initial, Take take) {
     std::string buffer;
     eachTextItem(loadedModules(), [&](PyObject* key, PyObject* value) {
         const auto name = PyModule_Check(value) ? utf8Of(key, buffer) : std::nullopt;
-        if (name && isPlainName(*name)) {
-            names.emplace_back(*name);
+        if (name && initial.begins(*name) && isPlainName(*name)) {
+            take(*name);
         }
     });
 }
 
-void addImportable(std::vector<std::string>& names) {
+void addImportable(const Initial& initial, std::vector<std::string>& names) {
     for (const std::filesystem::path& folder : searchPathEntries()) {
         checkForInterrupt();
-        addModulesInFolder(folder, names);
+        addModulesInFolder(folder, initial, names);
     }
+    addCompiledIn(initial, names);
+}
+
+void sortOnce(std::vector<std::string>& names) {
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
 }
 
 }  // namespace
@@ -59,16 +69,30 @@ void addImportable(std::vector<std::string>& names) {
 qxUniqueArray allNamespaceObjects() {
     const PendingErrorGuard pending;
     std::vector<std::string> names;
-    addLoaded(names);
-    addImportable(names);
-    addCompiledIn(names);
-    std::sort(names.begin(), names.end());
-    names.erase(std::unique(names.begin(), names.end()), names.end());
+    eachLoaded(Initial(), [&names](std::string_view name) { names.emplace_back(name); });
+    addImportable(Initial(), names);
+    sortOnce(names);
     NameList list;
     for (const std::string& name : names) {
         list.append(name);
     }
     return makeNamespaceObjects(std::move(list));
+}
+
+std::vector<std::string> outermostModules(std::string_view typed) {
+    const PendingErrorGuard pending;
+    const Initial initial(typed);
+    std::vector<std::string> names;
+    // A package stands right before what it holds, as a rule, and need not be noted once for each.
+    eachLoaded(initial, [&names](std::string_view name) {
+        const std::string_view outermost = splitFirst(name).first;
+        if (names.empty() || names.back() != outermost) {
+            names.emplace_back(outermost);
+        }
+    });
+    addImportable(initial, names);
+    sortOnce(names);
+    return names;
 }
 
 }  // namespace python_host

@@ -73,7 +73,7 @@ public:
 
     void addAllIn(const std::filesystem::path& folder) {
         std::vector<std::string> names;
-        addModulesInFolder(folder, names);
+        addModulesInFolder(folder, Initial(), names);
         std::sort(names.begin(), names.end());
         for (const std::string& name : names) {
             add(name);
