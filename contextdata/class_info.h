@@ -58,7 +58,7 @@ public:
     /// The class of an identity, under its name without package qualification. Unknown for the null identity.
     ///
     /// Throws what the class system throws while the superclasses are read, the interrupt included. A superclass that
-    /// the class system does not know is an empty entry.
+    /// the class system does not know is an empty entry, and so is one that stands above itself.
     explicit ClassInfo(const ResolvedClassID& id);
 
     /// The class of an object, under its full name, package qualification included. Unknown for null and for a value
@@ -122,9 +122,11 @@ protected:
     ClassStructureInfo structure_;
 
 private:
-    CONTEXTDATA_INSIDE static std::vector<std::shared_ptr<ClassInfo>> superclassesOf(zelk::COSInternedID id);
-    CONTEXTDATA_INSIDE static std::shared_ptr<ClassInfo> superclassNamed(zelk::COSInternedID listedID);
-    CONTEXTDATA_INSIDE void fill(zelk::COSInternedID id);
+    struct Branch;
+    CONTEXTDATA_INSIDE static std::vector<std::shared_ptr<ClassInfo>> superclassesOf(const Branch& branch);
+    CONTEXTDATA_INSIDE static std::shared_ptr<ClassInfo> superclassNamed(zelk::COSInternedID listedID,
+                                                                         const Branch& branch);
+    CONTEXTDATA_INSIDE void fill(const Branch& branch);
     CONTEXTDATA_INSIDE bool offersMethodsIn(MethodInfo::GetContext context) const;
     CONTEXTDATA_INSIDE AttributeInfo collectAttributes(bool flag) const;
 

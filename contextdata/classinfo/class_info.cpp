@@ -1,6 +1,7 @@
 #include "contextdata/class_info.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "contextdata/introspection.h"
 #include "host/class_objects.h"
@@ -25,7 +26,29 @@ ClassInfo::ClassInfo() : propertyVisitor_(this), methodVisitor_(this) {}
 ClassInfo::ClassInfo(const std::u16string& contextFile, const std::u16string& className)
     : ClassInfo(ResolvedClassID(contextFile, className)) {}
 
-ClassInfo::ClassInfo(const ResolvedClassID& id) : ClassInfo() { fill(id.get()); }
+/// The end of the way from the root of a tree to the class that is being filled. Names may lead in a circle, by older
+/// forms for one, and a tree of them would have no end.
+struct ClassInfo::Branch {
+    using Way = std::unordered_set<COSInternedID>;
+
+    Branch(COSInternedID end, Way& classes) : id(end), way(classes), isLonger(classes.insert(end).second) {}
+    Branch(const Branch&) = delete;
+    Branch& operator=(const Branch&) = delete;
+    ~Branch() {
+        if (isLonger) {
+            way.erase(id);
+        }
+    }
+
+    COSInternedID id;
+    Way& way;
+    bool isLonger;
+};
+
+ClassInfo::ClassInfo(const ResolvedClassID& id) : ClassInfo() {
+    Branch::Way way;
+    fill(Branch(id.get(), way));
+}
 
 // The class of an object keeps the name under which the class system interned it; callers tell by the qualification
 // which package the object is from.
@@ -35,7 +58,8 @@ ClassInfo::ClassInfo(const qxArray* value) : ClassInfo() {
     }
     structure_.classID = ResolvedClassID(value).get();
     structure_.className = fl::i18n::to_ustring(structure_.classID.view());
-    structure_.superclasses = superclassesOf(structure_.classID);
+    Branch::Way way;
+    structure_.superclasses = superclassesOf(Branch(structure_.classID, way));
 }
 
 // The visitors are working space: they go on working for the source.
@@ -43,32 +67,34 @@ ClassInfo::ClassInfo(const ClassInfo&) = default;
 ClassInfo& ClassInfo::operator=(const ClassInfo&) = default;
 ClassInfo::~ClassInfo() = default;
 
-void ClassInfo::fill(COSInternedID id) {
-    structure_.classID = id;
-    if (id.isEmpty()) {
+void ClassInfo::fill(const Branch& branch) {
+    structure_.classID = branch.id;
+    if (branch.id.isEmpty()) {
         return;
     }
-    structure_.className = fl::i18n::to_ustring(zelk::nameresolution::getBaseClassNameFromFullName(id.view()));
-    structure_.superclasses = superclassesOf(id);
+    structure_.className = fl::i18n::to_ustring(zelk::nameresolution::getBaseClassNameFromFullName(branch.id.view()));
+    structure_.superclasses = superclassesOf(branch);
 }
 
-std::vector<std::shared_ptr<ClassInfo>> ClassInfo::superclassesOf(COSInternedID id) {
+std::vector<std::shared_ptr<ClassInfo>> ClassInfo::superclassesOf(const Branch& branch) {
     std::vector<std::shared_ptr<ClassInfo>> superclasses;
-    COSClass* cls = COSClass::getClass(id);
+    COSClass* cls = COSClass::getClass(branch.id);
     if (cls == nullptr) {
         return superclasses;
     }
     const zelk::COSIDIteratorPtr ids = cls->getSuperclasses();
     while (ids && ids->hasMoreElements()) {
-        superclasses.push_back(superclassNamed(ids->nextElement()));
+        superclasses.push_back(superclassNamed(ids->nextElement(), branch));
     }
     return superclasses;
 }
 
-std::shared_ptr<ClassInfo> ClassInfo::superclassNamed(COSInternedID listedID) {
+std::shared_ptr<ClassInfo> ClassInfo::superclassNamed(COSInternedID listedID, const Branch& branch) {
     std::shared_ptr<ClassInfo> superclass = std::make_shared<Superclass>();
-    if (const COSClass* cls = COSClass::getClass(listedID)) {
-        superclass->fill(cls->getID());
+    const COSClass* cls = COSClass::getClass(listedID);
+    const COSInternedID id = cls == nullptr ? COSInternedID() : cls->getID();
+    if (!branch.way.contains(id)) {
+        superclass->fill(Branch(id, branch.way));
     }
     return superclass;
 }

@@ -45,11 +45,9 @@ std::uint32_t toNumber(std::u16string_view text) {
     std::transform(digits.begin(), digits.end(), narrow.begin(), [](char16_t unit) { return static_cast<char>(unit); });
     std::uint32_t number = 0;
     const auto [end, error] = std::from_chars(narrow.data(), narrow.data() + narrow.size(), number);
-    if (error == std::errc::result_out_of_range) {
-        throw SizeStringException("stoul argument out of range");
-    }
+    // Digits alone can go wrong in one way only.
     if (error != std::errc()) {
-        throw SizeStringException("invalid stoul argument");
+        throw SizeStringException("stoul argument out of range");
     }
     return number;
 }

@@ -79,6 +79,11 @@ ClassBuilder& ClassBuilder::enumerationMember(std::string_view name) {
     return *this;
 }
 
+ClassBuilder& ClassBuilder::foreignNodeAmongMethods(std::string_view name) {
+    class_.foreignMethodNames.push_back(intern(name));
+    return *this;
+}
+
 ClassBuilder& ClassBuilder::foreignNodeInEnumeration() {
     class_.enumeration.push_back(&class_);
     return *this;

@@ -40,6 +40,8 @@ public:
     /// A property that nobody can assign.
     ClassBuilder& constant(std::string_view name);
     ClassBuilder& enumerationMember(std::string_view name);
+    /// A node, before the methods of a name, that is no method.
+    ClassBuilder& foreignNodeAmongMethods(std::string_view name);
     /// A node in the enumeration that is no enumeration member.
     ClassBuilder& foreignNodeInEnumeration();
 

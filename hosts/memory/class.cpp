@@ -100,6 +100,10 @@ zelk::COSIteratorPtr Class::findMethods(zelk::COSInternedID name) {
     }
     std::vector<Node*> found;
     for (Class* cls : lineage()) {
+        if (std::find(cls->foreignMethodNames.begin(), cls->foreignMethodNames.end(), name) !=
+            cls->foreignMethodNames.end()) {
+            found.push_back(cls);
+        }
         for (Method& method : cls->methods) {
             if (method.id == name) {
                 found.push_back(&method);

@@ -24,7 +24,7 @@ struct AttributeName {
 
 class Class final : public Node, public zelk::COSClass {
 public:
-    Class(WorldState& world, zelk::COSInternedID id, qxClassID number) noexcept
+    Class(WorldState& world, zelk::COSInternedID id, qxClassID number)
         : Node(NodeKind::cls, nullptr), world(world), id(id), number(number) {}
 
     /// The class itself, then its ancestors depth-first, each once.
@@ -66,6 +66,7 @@ public:
     std::vector<AttributeName> methodAttributes;
     std::vector<AttributeName> eventAttributes;
     std::deque<Method> methods;
+    std::vector<zelk::COSInternedID> foreignMethodNames;  // names under which the class itself is found among methods
     std::deque<Property> properties;
     std::deque<EnumerationMember> enumerationMembers;
     std::vector<Node*> enumeration;  // what the enumeration walk yields, foreign nodes included

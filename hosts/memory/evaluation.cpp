@@ -24,16 +24,16 @@ constexpr auto failed = static_cast<inExecutionStatus>(1);
 
 /// Hands a value over as an evaluation does: owned by the caller, and standing in the temporary scope.
 qxArray* handedOver(const qxSharedArray& value) {
-    qxArray* claimed = memory_host::sharedClaim(value.get()).release();
-    currentWorld().temporaries.push_back(claimed);
-    return claimed;
+    qxUniqueArray claimed = memory_host::sharedClaim(value.get());
+    currentWorld().temporaries.push_back(claimed.get());
+    return claimed.release();
 }
 
 /// An error of the expression is said to the person at the prompt, unless errors are disabled.
 void report(std::string_view complaint) {
     memory_host::WorldState& world = currentWorld();
     if (world.errorMode != qxErrorMode::disabled) {
-        world.standardError.print(std::u16string(complaint.begin(), complaint.end()) + u"\n");
+        world.standardError.print(memory_host::utf16Of(complaint) + u"\n");
     }
 }
 
@@ -54,7 +54,7 @@ qxUniqueArray namespaceObjects() {
     for (const memory_host::Namespace& space : world.namespaces) {
         const std::string_view name = space.id.view();
         objects->elementProperties.insert_or_assign({index++, "Name"},
-                                                    memory_host::makeText(std::u16string(name.begin(), name.end())));
+                                                    memory_host::makeText(memory_host::utf16Of(name)));
     }
     return objects;
 }
@@ -117,8 +117,9 @@ void inFullFevalFcn(int outputCount, qxArray** outputs, int inputCount, const qx
     if (inputCount < 1 || inputCount > 2 || outputCount != 1 || inputs[0]->textKind != memory_host::TextKind::present) {
         throw HostFailure("the name of a function, at most one value, and one result");
     }
-    const std::u16string& name = inputs[0]->text;
-    qxUniqueArray result = call(std::string(name.begin(), name.end()), inputCount == 2 ? inputs[1] : nullptr);
+    // No function has a name that is no text.
+    const std::string name = memory_host::utf8Of(inputs[0]->text).value_or("");
+    qxUniqueArray result = call(name, inputCount == 2 ? inputs[1] : nullptr);
     outputs[0] = answersNull ? nullptr : result.release();
 }
 

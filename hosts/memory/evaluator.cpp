@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "hosts/memory/encoding.h"
 #include "hosts/memory/failure.h"
 #include "hosts/memory/names.h"
 #include "hosts/memory/value_making.h"
@@ -41,7 +42,7 @@ qxSharedArray isOfClass(const Arguments& arguments) {
     }
     const std::u16string& name = arguments[1]->text;
     const bool isKind = name == u"opaque" && arguments[0]->id == qxClassID::opaque;
-    return shared(makeLogical(isKind || arguments[0]->isA(std::string(name.begin(), name.end()))));
+    return shared(makeLogical(isKind || arguments[0]->isA(utf8Of(name).value_or(""))));
 }
 
 qxSharedArray call(std::string_view function, const Arguments& arguments) {
@@ -218,7 +219,7 @@ private:
         }
         const std::string_view text = rest_.substr(0, end);
         rest_.remove_prefix(end + 1);
-        return shared(makeText(std::u16string(text.begin(), text.end())));
+        return shared(makeText(utf16Of(text)));
     }
 
     qxSharedArray number() {

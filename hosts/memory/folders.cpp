@@ -1,7 +1,11 @@
 #include "hosts/memory/folders.h"
 
+#include <dirent.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 #include "hosts/memory/encoding.h"
@@ -20,12 +24,39 @@ fs::path pathOf(const vfs::Location& location) { return fs::path(location.iri.su
 std::string shown(const std::u16string& path) { return utf8Of(path).value_or(""); }
 
 /// A name of the file system that is no UTF-8 has no UTF-16 form; the world does not know it.
-void appendName(const fs::path& path, std::vector<std::u16string>& names) {
+void appendName(const fs::path& name, std::vector<std::u16string>& names) {
     try {
-        names.push_back(path.filename().u16string());
+        names.push_back(name.u16string());
     } catch (const std::system_error&) {
         return;
     }
+}
+
+struct FolderCloser {
+    void operator()(DIR* folder) const noexcept { closedir(folder); }
+};
+
+[[noreturn]] void failToList() { throw HostFailure(std::generic_category().message(errno)); }
+
+/// The names in a folder. By the system's own calls: the library's iterator ends the process when memory is lacking.
+std::vector<std::u16string> namesIn(const fs::path& path) {
+    const std::unique_ptr<DIR, FolderCloser> folder(opendir(path.c_str()));
+    if (!folder) {
+        failToList();
+    }
+    std::vector<std::u16string> names;
+    errno = 0;
+    while (const dirent* entry = readdir(folder.get())) {
+        const fs::path name(entry->d_name);
+        if (name != "." && name != "..") {
+            appendName(name, names);
+        }
+        errno = 0;
+    }
+    if (errno != 0) {
+        failToList();
+    }
+    return names;
 }
 
 }  // namespace
@@ -114,14 +145,7 @@ void ioGetDirList(const std::u16string& pattern, std::vector<std::u16string>& li
     if (divide == std::u16string::npos || pattern.substr(divide + 1) != u"*") {
         throw memory_host::HostFailure("a pattern is a folder, a backslash and *");
     }
-    std::vector<std::u16string> names;
-    try {
-        for (const auto& entry : std::filesystem::directory_iterator(pattern.substr(0, divide))) {
-            memory_host::appendName(entry.path(), names);
-        }
-    } catch (const std::filesystem::filesystem_error& error) {
-        throw memory_host::HostFailure(error.what());
-    }
+    std::vector<std::u16string> names = memory_host::namesIn(pattern.substr(0, divide));
     // The file system has no order of its own, and a test wants one.
     std::sort(names.begin(), names.end());
     list.insert(list.end(), names.begin(), names.end());

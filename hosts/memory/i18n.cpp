@@ -1,8 +1,10 @@
-// Conversions. The host's 8-bit encoding is UTF-8; what ASCII cannot hold becomes a question mark.
+// Conversions. The host's 8-bit encoding is UTF-8; what ASCII cannot hold becomes a question mark, and half a character
+// of UTF-16 the replacement character.
 #include "host/i18n.h"
 
 #include <algorithm>
 #include <boost/locale/encoding_utf.hpp>
+#include <iterator>
 
 #include "hosts/memory/encoding.h"
 #include "hosts/memory/watch.h"
@@ -14,6 +16,16 @@ std::optional<std::string> memory_host::utf8Of(std::u16string_view text) {
     } catch (const boost::locale::conv::conversion_error&) {
         return std::nullopt;
     }
+}
+
+std::u16string memory_host::utf16Of(std::string_view text) {
+    std::u16string wide;
+    for (const char *next = text.data(), *end = next + text.size(); next != end;) {
+        const boost::locale::utf::code_point point = boost::locale::utf::utf_traits<char>::decode(next, end);
+        const bool isValid = boost::locale::utf::is_valid_codepoint(point);
+        boost::locale::utf::utf_traits<char16_t>::encode(isValid ? point : U'\uFFFD', std::back_inserter(wide));
+    }
+    return wide;
 }
 
 namespace fl::i18n {
@@ -44,6 +56,24 @@ std::u16string widened(std::string_view ascii) {
     return wide;
 }
 
+constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+/// The text with a replacement character in the place of every surrogate that stands alone.
+std::u16string mended(std::u16string_view text) {
+    std::u16string whole(text);
+    for (std::size_t index = 0; index < whole.size(); ++index) {
+        const bool isPair =
+            isHighSurrogate(whole[index]) && index + 1 < whole.size() && isLowSurrogate(whole[index + 1]);
+        if (isPair) {
+            ++index;
+        } else if (isHighSurrogate(whole[index]) || isLowSurrogate(whole[index])) {
+            whole[index] = u'\uFFFD';
+        }
+    }
+    return whole;
+}
+
 }  // namespace
 
 std::string to_string(std::u16string_view text) {
@@ -70,12 +100,11 @@ std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& 
 
 std::string to_string(std::u16string_view text, const codecvt_ustring_to_string& converter) {
     enter(Service::toString);
-    const auto manner = converter.refuses() ? stop : boost::locale::conv::skip;
-    try {
-        return utf_to_utf<char>(text.data(), text.data() + text.size(), manner);
-    } catch (const conversion_error&) {
+    std::optional<std::string> narrow = memory_host::utf8Of(converter.refuses() ? std::u16string(text) : mended(text));
+    if (!narrow) {
         throw ConversionException();
     }
+    return *std::move(narrow);
 }
 
 std::u16string to_ustring(std::string_view text) {

@@ -13,8 +13,7 @@ struct WorldState;
 
 class Namespace final : public Node, public zelk::COSNamespace {
 public:
-    Namespace(WorldState& world, zelk::COSInternedID id) noexcept
-        : Node(NodeKind::space, nullptr), world(world), id(id) {}
+    Namespace(WorldState& world, zelk::COSInternedID id) : Node(NodeKind::space, nullptr), world(world), id(id) {}
 
     const char* getName() const override;
     zelk::COSIteratorPtr getClasses() override;

@@ -1,5 +1,6 @@
 #include "hosts/memory/streams.h"
 
+#include <new>
 #include <utility>
 
 #include "hosts/memory/watch.h"
@@ -10,8 +11,9 @@ namespace memory_host {
 void MemoryStream::push(const boost::shared_ptr<OutputSink>& sink) {
     enter(Service::streamPush, std::string_view(name_));
     deliver();
-    sinks_.push_back(sink);
+    // Last what diverts: when it cannot be done, nothing has been diverted.
     seen_.emplace_back(sink);
+    sinks_.push_back(sink);
 }
 
 void MemoryStream::flush() noexcept {
@@ -26,10 +28,15 @@ void MemoryStream::pop() noexcept {
 
 void MemoryStream::deliver() noexcept {
     const std::u16string text = std::exchange(held_, {});
-    if (sinks_.empty()) {
-        shown_ += text;
-    } else {
-        sinks_.back()->write(text);
+    try {
+        if (sinks_.empty()) {
+            shown_ += text;
+        } else {
+            sinks_.back()->write(text);
+        }
+    } catch (const std::bad_alloc&) {
+        // Text for which there is no memory is lost: it is handed over while other failures pass.
+        return;
     }
 }
 

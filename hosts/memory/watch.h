@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <string_view>
+#include <thread>
 
 #include "host/interned.h"
 #include "hosts/memory/call_journal.h"
@@ -11,8 +12,11 @@
 
 namespace memory_host {
 
-/// What looks on while a world is watched.
+/// What looks on while a world is watched: on the thread that made the world. Names and conversions serve any thread,
+/// and the calls of others are neither heard nor failed.
 struct Watch {
+    bool looksOn() const noexcept { return std::this_thread::get_id() == thread; }
+
     /// The journal hears of the call, and whoever waits for it.
     void hear(Service service, std::string_view argument) {
         journal.record(service, argument);
@@ -21,6 +25,7 @@ struct Watch {
         }
     }
 
+    std::thread::id thread = std::this_thread::get_id();
     CallJournal journal;
     FaultPlan faults;
     std::map<Service, std::function<void()>> observers;
@@ -37,7 +42,7 @@ inline std::string_view argumentOf(zelk::COSInternedID id) { return id.view(); }
 /// null heed. Throws what the plan says.
 template <class Argument = std::string_view>
 bool entersToNull(Service service, Argument argument = {}) {
-    if (activeWatch == nullptr) [[likely]] {
+    if (activeWatch == nullptr || !activeWatch->looksOn()) [[likely]] {
         return false;
     }
     activeWatch->hear(service, argumentOf(argument));
@@ -52,7 +57,7 @@ void enter(Service service, Argument argument = {}) {
 
 /// The same for services that never fail: the journal hears of the call, the fault plan does not.
 inline void note(Service service, std::string_view argument = {}) noexcept {
-    if (activeWatch != nullptr) {
+    if (activeWatch != nullptr && activeWatch->looksOn()) {
         activeWatch->hear(service, argument);
     }
 }

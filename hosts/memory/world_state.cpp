@@ -16,10 +16,11 @@ Class& WorldState::classNamed(std::string_view fullName) {
     if (Class* known = findClass(id)) {
         return *known;
     }
+    // The place in the table comes first: a class that cannot be made leaves it null, which is no class.
+    Class*& known = classesByName[id];
     const auto number = static_cast<qxClassID>(firstClassNumber + classes.size());
-    Class& made = classes.emplace_back(*this, id, number);
-    classesByName[id] = &made;
-    return made;
+    known = &classes.emplace_back(*this, id, number);
+    return *known;
 }
 
 Namespace& WorldState::namespaceNamed(std::string_view name) {

@@ -122,6 +122,14 @@ TEST_F(ClassInfoCopies, AssignmentOfAStructureToItselfChangesNothing) {
     EXPECT_EQ(structure.classID, id("Leaf"));
 }
 
+TEST_F(ClassInfoCopies, MoveOfAStructureToItselfChangesNothing) {
+    ClassStructureInfo structure = infoOf("Leaf").getSuperclassInfo();
+    ClassStructureInfo& itself = structure;
+    structure = std::move(itself);
+    EXPECT_THAT(structure.getSuperclasses(), ElementsAre(u"Leaf", u"Left", u"Root", u"Right", u"Root"));
+    EXPECT_EQ(structure.classID, id("Leaf"));
+}
+
 // A name that is too long for the string itself and one that is not: moving treats them differently by itself.
 TEST_F(ClassInfoCopies, MovedFromStructureKeepsItsIdAndLosesNameAndSuperclasses) {
     const std::string longName = "a.name.that.is.too.long.for.the.string.itself.to.hold";

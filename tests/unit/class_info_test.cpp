@@ -207,6 +207,16 @@ TEST_F(ClassInfoTest, SuperclassIsKnownByTheIdThatItsClassObjectShows) {
     EXPECT_THAT(till.getSuperclassInfo().getSuperclasses(), ElementsAre(u"shop.Till", u"shop.Device", u"Root"));
 }
 
+TEST_F(ClassInfoTest, ASuperclassThatStandsAboveItselfIsAnEmptyEntry) {
+    world.legacyName("Older", "Leaf");
+    world.cls("Leaf").listsSuperclass("Older").listsSuperclass("Other");
+    world.cls("Other").listsSuperclass("Leaf").derives("Root");
+    const ClassInfo cls = infoOf("Leaf");
+    EXPECT_THAT(cls.getSuperclassInfo().getSuperclasses(), ElementsAre(u"Leaf", u"Other", u"Root"));
+    expectUnknown(superclass(cls, 0));
+    expectUnknown(superclass(superclass(cls, 1), 0));
+}
+
 TEST_F(ClassInfoTest, SuperclassOfNoIdAndOneOfNoClassAreEmptyEntriesThatListNothing) {
     world.cls("Leaf").listsNullSuperclass().derives("Root").listsSuperclass("no.such.Class");
     const ClassInfo leaf = infoOf("Leaf");

@@ -46,6 +46,17 @@ TEST_F(MemberTestsTest, FlagIsUntouchedWhenThereIsNoSuchMethodOrClass) {
     }
 }
 
+TEST_F(MemberTestsTest, FirstNodeOfANameThatIsNoMethodIsNoneAndLeavesTheFlag) {
+    world.cls("bank.Account").foreignNodeAmongMethods("pay").method("pay").isStatic();
+    for (const bool before : {false, true}) {
+        flag = before;
+        EXPECT_FALSE(hasMethod(known("bank.Account"), "pay", flag));
+        EXPECT_FALSE(hasMethod(std::u16string(u"bank.Account"), "pay", flag));
+        EXPECT_EQ(flag, before);
+    }
+    EXPECT_EQ(world.handlesAlive(), 0U);
+}
+
 TEST_F(MemberTestsTest, ClassWithoutDefinitionHasNoMethods) {
     world.cls("bank.Draft").undefined().method("pay");
     EXPECT_FALSE(hasMethod(known("bank.Draft"), "pay", flag));

@@ -27,6 +27,14 @@ TEST(SeenNames, KeepsItsOwnCopyOfAName) {
     EXPECT_FALSE(seen.insert(u"aNameThatIsTooLongForTheStringItself"));
 }
 
+TEST(SeenNames, TellsNamesOfOneHashApart) {
+    SeenNames seen;
+    EXPECT_TRUE(seen.insert(u"name7897"));
+    EXPECT_TRUE(seen.insert(u"name52562"));
+    EXPECT_FALSE(seen.insert(u"name7897"));
+    EXPECT_FALSE(seen.insert(u"name52562"));
+}
+
 TEST(SeenNames, HoldsManyNamesThatDifferInOneUnit) {
     SeenNames seen;
     for (char16_t unit = 1; unit < 0xFFFF; ++unit) {
