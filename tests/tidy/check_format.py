@@ -6,7 +6,7 @@ import shutil
 import subprocess
 import sys
 
-FOLDERS = ("host", "contextdata", "hosts", "frontends", "tests", "bench")
+FOLDERS = ("host", "contextdata", "hosts", "frontends", "tests", "bench", "examples")
 
 
 def main():
