@@ -201,6 +201,9 @@ private:
         if (take('\'')) {
             return quoted();
         }
+        if (take('(')) {
+            return bracketed();
+        }
         const std::string_view name = takeName();
         if (name.empty()) {
             return number();
@@ -210,6 +213,14 @@ private:
             return variable->second.get();
         }
         return call(name, take('(') ? arguments() : Arguments());
+    }
+
+    qxSharedArray bracketed() {
+        qxSharedArray value = expression();
+        if (!take(')')) {
+            throw EvaluationError("a bracket is open");
+        }
+        return value;
     }
 
     qxSharedArray quoted() {

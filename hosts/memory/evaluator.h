@@ -18,7 +18,7 @@ public:
 /// Evaluates an expression in the workspace of the world that stands.
 ///
 ///     expression := primary { "." name [ "(" arguments ")" ] | "(" arguments ")" } [ ";" ]
-///     primary    := name | number | "'" text "'"
+///     primary    := name | number | "'" text "'" | "(" expression ")"
 ///
 /// A name is a variable, or else a registered function, which is called; a member after an object's dot is a property
 /// or else a method, which is called too. Indices count from 1. Throws `EvaluationError` for what it cannot make sense

@@ -1,5 +1,6 @@
 // Typed text: what the completion engine offers for it, and which value it denotes in the workspace.
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,6 @@
 namespace {
 
 using namespace fuzz;
-using contextdata::completion::complete;
 using contextdata::completion::Completions;
 using contextdata::completion::Item;
 using contextdata::completion::Items;
@@ -70,32 +70,6 @@ void checkForm(const Completions& found, std::size_t cursor) {
     expect(std::adjacent_find(names.begin(), names.end()) == names.end(), "each name once: " + shown(names));
 }
 
-/// What is offered for a part of a name is what is offered for nothing of it, without what begins otherwise.
-void checkNarrowing(const std::u16string& text, const Completions& found) {
-    HostWorkspace workspace;
-    const std::u16string fragment = text.substr(found.start, found.end - found.start);
-    const std::u16string before = text.substr(0, found.start);
-    Completions all = complete(Request{before, before.size(), u""}, workspace);
-    std::erase_if(all.items, [&](const Item& item) { return !item.name.starts_with(fragment); });
-    expectEqual(namesOf(found.items), namesOf(all.items), "what begins with " + shown(fragment) + " in " + shown(text));
-}
-
-void checkCompletion(const std::u16string& text, std::size_t cursor) {
-    HostWorkspace workspace;
-    const Completions found = complete(Request{text, cursor, u""}, workspace);
-    const std::size_t end = std::min(cursor, text.size());
-    checkForm(found, end);
-    const Completions again = complete(Request{text, cursor, u""}, workspace);
-    expectEqual(namesOf(again.items), namesOf(found.items), "the same answer again for " + shown(text));
-    const Completions cut = complete(Request{std::u16string_view(text).substr(0, end), end, u""}, workspace);
-    expectEqual(namesOf(cut.items), namesOf(found.items), "what follows the cursor counts for nothing: " + shown(text));
-    const ParsedText parsed = contextdata::completion::parse(text, cursor);
-    const bool isPlain = parsed.wanted == Wanted::members && parsed.refusal == contextdata::completion::Refusal::none;
-    if (isPlain && found.end == end) {
-        checkNarrowing(text.substr(0, end), found);
-    }
-}
-
 /// How the interpreter takes a text: what it does depends on the text alone.
 enum class Manner { succeeds, fails, failsWithAResult, throws, interrupted };
 
@@ -113,6 +87,9 @@ public:
         });
     }
 
+    /// How often an evaluation was interrupted.
+    std::size_t interrupts() const { return interrupts_; }
+
 private:
     inExecutionStatus evaluate(Manner manner, qxArray** outputs) {
         switch (manner) {
@@ -123,6 +100,7 @@ private:
             case Manner::throws:
                 throw 7;
             case Manner::interrupted:
+                ++interrupts_;
                 throw foundation::core::except::InterruptException();
             case Manner::fails:
                 break;
@@ -131,7 +109,64 @@ private:
     }
 
     World& world_;
+    std::size_t interrupts_ = 0;
 };
+
+/// A person at the prompt of a world.
+class Session {
+public:
+    explicit Session(const WatchedEvaluator& evaluator) : evaluator_(evaluator) {}
+
+    /// What is offered; nothing when it was interrupted, which it is exactly when its evaluation was.
+    std::optional<Completions> complete(const std::u16string& text, std::size_t cursor) const {
+        HostWorkspace workspace;
+        const std::size_t before = evaluator_.interrupts();
+        std::optional<Completions> found;
+        try {
+            found = contextdata::completion::complete(Request{text, cursor, u""}, workspace);
+        } catch (const foundation::core::except::InterruptException&) {
+            // Nothing to tell.
+        }
+        expectEqual(found.has_value(), evaluator_.interrupts() == before,
+                    "interrupted evaluations pass in " + shown(text));
+        return found;
+    }
+
+private:
+    const WatchedEvaluator& evaluator_;
+};
+
+/// What is offered for a part of a name is what is offered for nothing of it, without what begins otherwise.
+void checkNarrowing(const Session& session, const std::u16string& text, const Completions& found) {
+    const std::u16string fragment = text.substr(found.start, found.end - found.start);
+    const std::u16string before = text.substr(0, found.start);
+    std::optional<Completions> all = session.complete(before, before.size());
+    expect(all.has_value(), "the same expression stands before the name");
+    std::erase_if(all->items, [&](const Item& item) { return !item.name.starts_with(fragment); });
+    expectEqual(namesOf(found.items), namesOf(all->items),
+                "what begins with " + shown(fragment) + " in " + shown(text));
+}
+
+void checkCompletion(const Session& session, const std::u16string& text, std::size_t cursor) {
+    const std::optional<Completions> found = session.complete(text, cursor);
+    const std::size_t end = std::min(cursor, text.size());
+    const std::optional<Completions> again = session.complete(text, cursor);
+    const std::optional<Completions> cut = session.complete(text.substr(0, end), end);
+    expectEqual(again.has_value(), found.has_value(), "interrupted again for " + shown(text));
+    expectEqual(cut.has_value(), found.has_value(), "what follows the cursor interrupts nothing: " + shown(text));
+    if (!found) {
+        return;
+    }
+    checkForm(*found, end);
+    expectEqual(namesOf(again->items), namesOf(found->items), "the same answer again for " + shown(text));
+    expectEqual(namesOf(cut->items), namesOf(found->items),
+                "what follows the cursor counts for nothing: " + shown(text));
+    const ParsedText parsed = contextdata::completion::parse(text, cursor);
+    const bool isPlain = parsed.wanted == Wanted::members && parsed.refusal == contextdata::completion::Refusal::none;
+    if (isPlain && found->end == end) {
+        checkNarrowing(session, text.substr(0, end), *found);
+    }
+}
 
 void checkValue(World& world, const ChainModel& model, const std::u16string& text) {
     const ChainModel::Answer expected = model.follow(narrowAscii(text));
@@ -164,7 +199,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::size_t values = world.valuesAlive();
 
     checkValue(world, model, text);
-    checkCompletion(text, cursor);
+    checkCompletion(Session(evaluator), text, cursor);
 
     expectEqual(world.valuesAlive(), values, "values alive");
     expectEqual(world.handlesAlive(), std::size_t{0}, "handles alive");

@@ -52,6 +52,11 @@ TEST_F(MemoryEvaluatorTest, BlanksAndASemicolonDoNotCount) {
     expectError(u"x; x");
 }
 
+TEST_F(MemoryEvaluatorTest, BracketsAroundAnExpressionDoNotCount) {
+    EXPECT_EQ(numberOf(u"(x)(2)"), 8);
+    EXPECT_EQ(numberOf(u"( ((42)) )"), 42);
+}
+
 TEST_F(MemoryEvaluatorTest, IndicesCountFromOne) {
     EXPECT_EQ(numberOf(u"x(1)"), 7);
     EXPECT_EQ(numberOf(u"x(3)"), 9);
@@ -139,8 +144,9 @@ TEST_F(MemoryEvaluatorTest, IsaKnowsClassesAndForeignValues) {
 }
 
 TEST_F(MemoryEvaluatorTest, WhatMakesNoSenseIsAnError) {
-    for (const char16_t* text : {u"", u" ", u";", u"(x)", u")", u"x)", u"x(", u"x(1", u"x(1,", u"x.", u"x..a", u"x y",
-                                 u"'open", u"x + 1", u"_x", u"1x", u"\u00E4", u"x\u00E4"}) {
+    for (const char16_t* text :
+         {u"",     u" ",  u";",    u"()",  u"(x",    u"(x x)", u")",  u"x)", u"x(",     u"x(1",
+          u"x(1,", u"x.", u"x..a", u"x y", u"'open", u"x + 1", u"_x", u"1x", u"\u00E4", u"x\u00E4"}) {
         expectError(text);
     }
 }
