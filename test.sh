@@ -24,6 +24,10 @@ if [ "${1:-}" != quick ]; then
   say "testing preset asan (address and undefined-behaviour sanitizers)"
   ctest --preset asan
 
+  build_preset fuzz fuzz_targets
+  say "fuzzing, for a moment"
+  ctest --preset fuzz
+
   say "clang and clang-tidy"
   build_preset tidy
 
