@@ -1,7 +1,11 @@
 #include "frontends/completion/class_members.h"
 
+#include <cstddef>
+#include <optional>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "contextdata/class_member_names.h"
 #include "contextdata/introspection.h"
@@ -19,6 +23,20 @@ namespace {
 using Names = std::vector<std::u16string>;
 using Listing = bool (*)(const ResolvedClassID& cls, Names& names, bool& flag);
 
+/// Whether an 8-bit name reads as a text. Names within ASCII need no conversion to tell.
+bool readsAs(const char* name, std::u16string_view text, const fl::i18n::codecvt_ascii_to_ustring& converter) {
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        const auto own = static_cast<unsigned char>(name[place]);
+        if (own >= 0x80) {
+            return fl::i18n::to_ustring(name, converter) == text;
+        }
+        if (own != text[place]) {
+            return false;
+        }
+    }
+    return name[text.size()] == '\0';
+}
+
 /// The declaring class of each member of one sort. The first member of a name decides, as it does in the listings.
 class DefiningClasses final : public zelk::COSVisitor<zelk::COSInterface*> {
 public:
@@ -29,22 +47,53 @@ public:
             return;
         }
         if (zelk::COSClass* cls = zelk::cosiClassOfMember(member)) {
-            classes_.try_emplace(fl::i18n::to_ustring(name, converter_), cls);
+            members_.push_back({name, cls});
         }
     }
 
     /// The item of a listed name. `listed` is the class whose members are listed.
     Item itemOf(std::u16string name, Kind kind, const zelk::COSClass* listed) {
-        const auto found = classes_.find(name);
-        if (found == classes_.end()) {
+        zelk::COSClass* cls = declarerOf(name);
+        if (cls == nullptr) {
             return {std::move(name), kind, {}};
         }
-        Item item{std::move(name), kind, displayName(found->second)};
-        item.isInherited = found->second != listed;
+        Item item{std::move(name), kind, displayName(cls)};
+        item.isInherited = cls != listed;
         return item;
     }
 
+    /// Another list begins.
+    void rewind() { next_ = 0; }
+
 private:
+    struct Member {
+        const char* name;  // permanent
+        zelk::COSClass* cls;
+    };
+
+    /// A list has its names in the order of the walk, so the one that is sought stands a little further on. In any
+    /// other order, an index is cheaper than to look through all members for each.
+    zelk::COSClass* declarerOf(const std::u16string& name) {
+        if (!index_) {
+            while (next_ < members_.size() && !readsAs(members_[next_].name, name, converter_)) {
+                ++next_;
+            }
+            if (next_ < members_.size()) {
+                return members_[next_++].cls;
+            }
+            makeIndex();
+        }
+        const auto found = index_->find(name);
+        return found == index_->end() ? nullptr : found->second;
+    }
+
+    void makeIndex() {
+        index_.emplace();
+        for (const Member& member : members_) {
+            index_->try_emplace(fl::i18n::to_ustring(member.name, converter_), member.cls);
+        }
+    }
+
     static const char* nameOf(zelk::COSInterface* member) {
         if (const zelk::COSMethodInfo* method = zelk::cosiToMethod(member)) {
             return method->getName();
@@ -66,7 +115,9 @@ private:
     }
 
     const fl::i18n::codecvt_ascii_to_ustring converter_{false};
-    std::unordered_map<std::u16string, zelk::COSClass*> classes_;
+    std::vector<Member> members_;
+    std::size_t next_ = 0;
+    std::optional<std::unordered_map<std::u16string, zelk::COSClass*>> index_;
     std::unordered_map<zelk::COSClass*, std::u16string> displayNames_;
 };
 
@@ -105,6 +156,7 @@ void append(std::vector<Item>& items, const Listed& of, Listing listing, Kind ki
         return listed;
     });
     items.reserve(items.size() + names.size());
+    definingClasses.rewind();
     for (const std::u16string& name : names) {
         Item item = unlessItFails([&] { return definingClasses.itemOf(name, kind, of.cls); });
         items.push_back(item.name.empty() ? Item{name, kind, {}} : std::move(item));

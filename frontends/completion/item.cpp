@@ -15,25 +15,56 @@ constexpr std::array<const char*, kindCount> kindTexts = {
 
 bool nameBefore(const Item& left, const Item& right) { return left.name < right.name; }
 
+/// Items are large, so their places are sorted in their stead.
+std::vector<Item> sortedByName(std::vector<Item> items) {
+    std::vector<std::pair<std::u16string_view, std::size_t>> places;
+    places.reserve(items.size());
+    for (std::size_t place = 0; place < items.size(); ++place) {
+        places.emplace_back(items[place].name, place);
+    }
+    std::sort(places.begin(), places.end());
+    std::vector<Item> sorted;
+    sorted.reserve(items.size());
+    for (const auto& [name, place] : places) {
+        sorted.push_back(std::move(items[place]));
+    }
+    return sorted;
+}
+
 }  // namespace
 
 const char* textOf(Kind kind) noexcept { return kindTexts[static_cast<std::size_t>(kind)]; }
 
 Items sortedOnce(std::vector<Item> items) {
-    // Many a source has its names in order, and comparing is cheaper than moving.
     if (!std::is_sorted(items.begin(), items.end(), nameBefore)) {
-        std::stable_sort(items.begin(), items.end(), nameBefore);
+        items = sortedByName(std::move(items));
     }
     const auto sameName = [](const Item& left, const Item& right) { return left.name == right.name; };
     items.erase(std::unique(items.begin(), items.end(), sameName), items.end());
     return items;
 }
 
-Items merged(const Items& first, const Items& second) {
+Items merged(Items first, Items second) {
+    if (second.empty()) {
+        return first;
+    }
     Items result;
     result.reserve(first.size() + second.size());
-    std::set_union(first.begin(), first.end(), second.begin(), second.end(), std::back_inserter(result), nameBefore);
+    std::set_union(std::make_move_iterator(first.begin()), std::make_move_iterator(first.end()),
+                   std::make_move_iterator(second.begin()), std::make_move_iterator(second.end()),
+                   std::back_inserter(result), nameBefore);
     return result;
+}
+
+Items without(Items items, const Items& others) {
+    auto other = others.begin();
+    std::erase_if(items, [&](const Item& item) {
+        while (other != others.end() && nameBefore(*other, item)) {
+            ++other;
+        }
+        return other != others.end() && other->name == item.name;
+    });
+    return items;
 }
 
 std::pair<std::size_t, std::size_t> rangeOfPrefix(const Items& items, std::u16string_view prefix) noexcept {

@@ -60,7 +60,10 @@ using Items = std::vector<Item>;
 Items sortedOnce(std::vector<Item> items);
 
 /// The items of both lists; where both have a name, that of `first` is kept.
-Items merged(const Items& first, const Items& second);
+Items merged(Items first, Items second);
+
+/// The items whose names the others lack.
+Items without(Items items, const Items& others);
 
 /// The part of a sorted list whose names begin with `prefix`, letter case counted, as positions [first, second).
 std::pair<std::size_t, std::size_t> rangeOfPrefix(const Items& items, std::u16string_view prefix) noexcept;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <memory_resource>
 #include <mutex>
-#include <shared_mutex>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -17,32 +16,34 @@ namespace {
 /// Permanent texts. Any thread: interning does not need the GIL.
 class InternTable {
 public:
+    InternTable() { names_.reserve(expectedNames); }
+
     const char* entry(std::string_view name) {
-        if (const char* known = find(name)) {
-            return known;
-        }
-        const std::unique_lock lock(mutex_);
+        const std::lock_guard lock(mutex_);
         const auto known = names_.find(name);
-        if (known != names_.end()) {
-            return known->data();
-        }
-        auto* text = static_cast<char*>(arena_.allocate(name.size() + 1, 1));
-        std::copy(name.begin(), name.end(), text);
-        text[name.size()] = '\0';
-        names_.insert(std::string_view(text, name.size()));
-        return text;
+        return known != names_.end() ? known->data() : names_.insert(copyOf(name)).first->data();
     }
 
     const char* find(std::string_view name) {
-        const std::shared_lock lock(mutex_);
+        const std::lock_guard lock(mutex_);
         const auto known = names_.find(name);
         return known == names_.end() ? nullptr : known->data();
     }
 
 private:
-    std::shared_mutex mutex_;
+    /// As many as a session with the usual libraries asks for; beyond that the table grows.
+    static constexpr std::size_t expectedNames = 4096;
+
+    std::string_view copyOf(std::string_view name) {
+        auto* text = static_cast<char*>(arena_.allocate(name.size() + 1, 1));
+        std::copy(name.begin(), name.end(), text);
+        text[name.size()] = '\0';
+        return {text, name.size()};
+    }
+
+    std::mutex mutex_;
     std::pmr::monotonic_buffer_resource arena_;
-    std::unordered_set<std::string_view> names_;
+    std::pmr::unordered_set<std::string_view> names_{&arena_};
 };
 
 /// Never destroyed: names are handed out as permanent, and threads may outlive static destruction.

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::Pair;
+using testing::Truly;
 using ZELKContextData::ResolvedClassID;
 
 class Engine : public testing::Test {
@@ -62,6 +65,38 @@ TEST_F(Engine, aListThatTheHostFailsAtContributesNothingAndTheOthersStay) {
         EXPECT_THAT(offered(u"bank."), ElementsAre(u"Account", u"Ledger", u"Savings", u"rates")) << fault;
         faults().clear();
     }
+}
+
+TEST_F(Engine, aMemberWhoseClassIsNotKnownHasNoneAndTheOthersKeepTheirs) {
+    bank.world().cls("bank.Savings").property("größe").property("zinsfuß").property("zone");
+    const auto savings = ResolvedClassID::fromLegacyString(std::string("bank.Savings"));
+    const auto defining = [&savings] {
+        std::map<std::u16string, std::u16string> classes;
+        for (const auto& item : membersOfClass(savings, Side::object)) {
+            classes.emplace(item.name, item.definingClass);
+        }
+        return classes;
+    };
+    const auto beginsLikeSize = [](const std::u16string& name) { return name.starts_with(u"gr"); };
+    journal().clear();
+    const auto whole = defining();
+    EXPECT_THAT(whole, Contains(Pair(Truly(beginsLikeSize), u"bank.Savings")));
+    EXPECT_THAT(whole, Contains(Pair(u"zone", u"bank.Savings")));
+    EXPECT_THAT(whole, Contains(Pair(u"deposit", u"bank.Account")));
+    std::size_t unknown = 0;
+    for (std::size_t call = journal().countOf(Service::classOfMember); call > 0; --call) {
+        faults().failService(Service::classOfMember, call, Fault::nullAnswer);
+        for (const auto& [name, cls] : defining()) {
+            if (cls.empty()) {
+                ++unknown;
+            } else if (whole.contains(name)) {
+                EXPECT_EQ(cls, whole.at(name)) << call;
+            }
+        }
+        faults().clear();
+    }
+    // An overload speaks for the one method that has it.
+    EXPECT_EQ(unknown, whole.size() - 1);
 }
 
 TEST_F(Engine, everyFailureOfEveryCallIsContained) {

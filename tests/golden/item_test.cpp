@@ -11,6 +11,7 @@ using contextdata::completion::Kind;
 using contextdata::completion::merged;
 using contextdata::completion::rangeOfPrefix;
 using contextdata::completion::sortedOnce;
+using contextdata::completion::without;
 using testing::ElementsAre;
 using testing::Pair;
 
@@ -24,6 +25,19 @@ TEST(Items, areSortedByCodeUnitAndTheFirstOfANameIsKept) {
 TEST(Items, ofTheFirstListWinWhenListsAreMerged) {
     EXPECT_THAT(merged({item(u"a", Kind::method), item(u"c")}, {item(u"a"), item(u"b")}),
                 ElementsAre(item(u"a", Kind::method), item(u"b"), item(u"c")));
+}
+
+TEST(Items, keepTheirFirstWhereverEqualOnesStand) {
+    EXPECT_THAT(sortedOnce({item(u"b", Kind::key), item(u"a"), item(u"b"), item(u"c"), item(u"b")}),
+                ElementsAre(item(u"a"), item(u"b", Kind::key), item(u"c")));
+}
+
+TEST(Items, withoutOthersAreThoseWhoseNamesTheOthersLack) {
+    const Items items = {item(u"a"), item(u"b"), item(u"d"), item(u"e")};
+    EXPECT_THAT(without(items, {item(u"A"), item(u"b", Kind::method), item(u"c"), item(u"e"), item(u"f")}),
+                ElementsAre(item(u"a"), item(u"d")));
+    EXPECT_EQ(without(items, {}), items);
+    EXPECT_EQ(without({}, items), Items());
 }
 
 TEST(Items, aPrefixSelectsARangeWithLetterCase) {

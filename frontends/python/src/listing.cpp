@@ -67,15 +67,6 @@ private:
     Definers definers_;
 };
 
-std::unordered_set<std::u16string_view> namesOf(const Items& items) {
-    std::unordered_set<std::u16string_view> names;
-    names.reserve(items.size());
-    for (const Item& item : items) {
-        names.insert(item.name);
-    }
-    return names;
-}
-
 /// The completions [first, last), with more items among them, each before the place that `placeOf` answers for it.
 /// Those places do not fall.
 template <class PlaceOf>
@@ -106,10 +97,7 @@ pybind11::tuple tupleOfItems(const Items& items) {
 }
 
 Listing::Listing(Items items, bool objectsAreAsked)
-    : items_(std::move(items)),
-      names_(namesOf(items_)),
-      completions_(tupleOfItems(items_)),
-      objectsAreAsked_(objectsAreAsked) {}
+    : items_(std::move(items)), completions_(tupleOfItems(items_)), objectsAreAsked_(objectsAreAsked) {}
 
 pybind11::object Listing::tupleOf(const Choice& choice, Items more) const {
     return choice.isRanked ? ranked(choice.typed, std::move(more)) : sorted(choice.typed, std::move(more));

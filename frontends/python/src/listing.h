@@ -7,7 +7,6 @@
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "frontends/completion/item.h"
@@ -26,7 +25,7 @@ public:
 
     bool objectsAreAsked() const noexcept { return objectsAreAsked_; }
 
-    bool contains(std::u16string_view name) const { return names_.contains(name); }
+    const completion::Items& items() const noexcept { return items_; }
 
     /// The completions of a choice, as a tuple, with more items sorted in. No name of `more`, which is in any order,
     /// stands in the listing or twice. What is in the listing is never copied, and when all of it is wanted, hardly
@@ -49,7 +48,6 @@ private:
     const Ranking& ranking() const;
 
     completion::Items items_;
-    std::unordered_set<std::u16string_view> names_;  // of items_
     pybind11::tuple completions_;
     bool objectsAreAsked_;
     mutable std::optional<Ranking> ranking_;  // made when somebody asks

@@ -79,8 +79,7 @@ ListingPtr listingOfModule(const qxSharedArray& value, PyObject* module) {
 
 /// A listing with what it is lacking of more items, which are in any order.
 pybind11::object tupleOfBoth(const Listing& listing, std::vector<Item> more, const Choice& choice) {
-    std::erase_if(more, [&](const Item& item) { return listing.contains(item.name); });
-    return listing.tupleOf(choice, sortedOnce(std::move(more)));
+    return listing.tupleOf(choice, without(sortedOnce(std::move(more)), listing.items()));
 }
 
 pybind11::object membersOfClass(PyTypeObject* type, const Choice& choice, const Asker& asker) {
