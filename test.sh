@@ -7,6 +7,7 @@ cd "$(dirname "$(readlink -f "$0")")"
 source scripts/setup.sh
 
 need_packages "${build_packages[@]}" "${session_packages[@]}" "${ipython_packages[@]}" "${kernel_packages[@]}" \
+  "${package_packages[@]}" \
   libgtest-dev libgmock-dev libbenchmark-dev python3-pytest python3-pydantic python3-traitlets python3-jpype \
   openjdk-17-jre-headless binutils git
 left_out=(-LE browser)
@@ -34,5 +35,8 @@ if [ "${1:-}" != quick ]; then
   say "benchmarks"
   build_preset release name_lists_benchmark name_lists_instructions class_model_benchmark class_model_instructions \
     workspace_instructions
+
+  say "packages"
+  scripts/package.sh --check
 fi
 say "all passed"

@@ -1,5 +1,7 @@
 # Tests a host against the declarations of the services that it provides.
 
+include("${CMAKE_CURRENT_LIST_DIR}/ContextdataRequirements.cmake")
+
 # Builds the conformance suite for one host, and adds it as one test that prints what the host lacks.
 #
 #   NAME      the program and the test
@@ -21,6 +23,8 @@ function(contextdata_add_host_conformance)
     add_subdirectory("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../tests/conformance/suite"
                      "${CMAKE_BINARY_DIR}/contextdata_conformance_suite")
   endif()
+  # What the suite has found is known in its own folder alone.
+  contextdata_need_googletest()
   add_executable(${ARG_NAME} ${ARG_PROVIDER})
   target_link_libraries(${ARG_NAME} PRIVATE contextdata_conformance_suite ${ARG_HOST} ${ARG_LIBRARIES})
   set(arguments)

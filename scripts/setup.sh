@@ -28,6 +28,8 @@ ipython_packages=(ipython3)
 # What the tests of kernels and of notebooks in a browser talk to; the second takes about 520 MB of disk.
 kernel_packages=(python3-ipykernel python3-jupyter-client)
 browser_packages=(jupyter-notebook chromium chromium-driver python3-selenium)
+# What packages of our own are made and checked with.
+package_packages=(dpkg-dev file pkgconf)
 
 # Configures, when that has not been done, and builds one preset, or the targets named after it. Silent when there is
 # nothing to do.

@@ -1,0 +1,11 @@
+// The host's feature switch.
+#pragma once
+
+#include "host/visibility.h"
+
+class ComponentFeature {
+public:
+    /// Whether class names are resolved in the context of the code that mentions them. Interpreter thread; may
+    /// throw any host failure or the interrupt.
+    CONTEXTDATA_HOST_API static bool IsOn();
+};
