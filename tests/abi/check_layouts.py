@@ -1,12 +1,12 @@
 """Every type that the public headers of an older version declare has the same size, bases, members and virtual
 operations today, each in its place. Enumerations may have grown.
 
-    check_layouts.py HEADERS_OF_THEN HEADERS_OF_TODAY FOLDER_FOR_FILES"""
+    check_layouts.py FOLDER_OF_THE_VERSION FOLDER_FOR_FILES"""
 
 import pathlib
 import sys
 
-from layouts import layouts
+import layouts
 
 
 def is_enumeration(facts):
@@ -27,12 +27,12 @@ def complaints(then, today):
 
 
 def main():
-    then, today, folder = (pathlib.Path(argument) for argument in sys.argv[1:])
-    before = layouts(then, folder / "then")
-    # That the reader of debug information has understood it: these are known to have members and virtual operations.
+    version, folder = (pathlib.Path(argument) for argument in sys.argv[1:])
+    before = layouts.read(version / layouts.FILE)
+    # That the file was read as it is meant: these are known to have members and virtual operations.
     assert "isStatic at 64" in before["ZELKContextData::MethodInfo"], before["ZELKContextData::MethodInfo"]
     assert any("virtual" in fact for fact in before["zelk::COSClass"]), before["zelk::COSClass"]
-    found = list(complaints(before, layouts(today, folder / "today")))
+    found = list(complaints(before, layouts.layouts(folder)))
     print("\n".join(found) or f"{len(before)} types are laid out as before")
     sys.exit(bool(found))
 

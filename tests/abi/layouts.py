@@ -1,4 +1,4 @@
-"""The layouts of all types that a folder of public headers declares, as the compiler sees them."""
+"""The layouts of all types that the public headers declare, as the compiler sees them, and as text."""
 
 import pathlib
 import re
@@ -9,20 +9,22 @@ ATTRIBUTE = re.compile(r"^    <[0-9a-f]+>\s+(DW_AT_\w+)\s*: (.*)$")
 DECLARED = re.compile(r"\b(?:class|struct|enum(?: class| struct)?) (?:[A-Z][A-Z_]+ )?(?:\w+::)*(\w+)")
 COMMENT = re.compile(r"//.*")
 TYPES = ("DW_TAG_class_type", "DW_TAG_structure_type", "DW_TAG_enumeration_type")
+PROJECT = pathlib.Path(__file__).resolve().parent.parent.parent
+FILE = "layouts.txt"
 FOREIGN = ("std", "boost", "__gnu_cxx", "__cxxabiv1")
 
 
-def headers(root):
-    return sorted(file for folder in ("host", "contextdata") for file in (root / folder).glob("*.h"))
+def headers():
+    return sorted(file for folder in ("host", "contextdata") for file in (PROJECT / folder).glob("*.h"))
 
 
-def debug_information(root, folder):
-    """What a compiler writes for a debugger about the headers below `root`; `folder` is for its files."""
+def debug_information(folder):
+    """What a compiler writes for a debugger about the public headers; `folder` is for its files."""
     folder.mkdir(parents=True, exist_ok=True)
     source, built = folder / "all.cpp", folder / "all.o"
-    source.write_text("".join(f'#include "{header.relative_to(root).as_posix()}"\n' for header in headers(root)))
+    source.write_text("".join(f'#include "{header.relative_to(PROJECT).as_posix()}"\n' for header in headers()))
     subprocess.run(["g++", "-std=c++20", "-g", "-fno-eliminate-unused-debug-types", "-femit-class-debug-always",
-                    "-I", root, "-c", source, "-o", built], check=True)
+                    "-I", PROJECT, "-c", source, "-o", built], check=True)
     return subprocess.run(["readelf", "--debug-dump=info", "--wide", built], capture_output=True, text=True,
                           check=True).stdout
 
@@ -72,11 +74,11 @@ def fact_of(tag, attributes):
     return None
 
 
-def layouts(root, folder):
+def layouts(folder):
     """Type -> its size and what lies in it, in order."""
-    ours = {name for header in headers(root) for name in DECLARED.findall(COMMENT.sub("", header.read_text()))}
+    ours = {name for header in headers() for name in DECLARED.findall(COMMENT.sub("", header.read_text()))}
     found, path = {}, {}
-    for depth, tag, attributes in entries(debug_information(root, folder)):
+    for depth, tag, attributes in entries(debug_information(folder)):
         path = {level: name for level, name in path.items() if level < depth}
         if tag == "DW_TAG_namespace" or tag in TYPES:
             path[depth] = name_of(attributes)
@@ -87,3 +89,13 @@ def layouts(root, folder):
         elif owner in found and depth - 1 in path and (fact := fact_of(tag, attributes)):
             found[owner].append(fact)
     return found
+
+
+def write(file, found):
+    """A paragraph a type: its name, and what is known of it."""
+    file.write_text("\n".join("\n    ".join([name, *facts]) + "\n" for name, facts in sorted(found.items())))
+
+
+def read(file):
+    paragraphs = (paragraph.splitlines() for paragraph in file.read_text().split("\n\n"))
+    return {name: [fact.strip() for fact in facts] for name, *facts in paragraphs}

@@ -1,6 +1,5 @@
-// A program of the time of version 0.1. It is compiled with the public headers of that version and runs with the
-// library of today: it reads every record, calls every virtual operation, and puts a class of its own into a tree of
-// superclasses.
+// A program of the time of version 0.1, which keeps compiling and running as it is: it reads every record, calls every
+// virtual operation, and puts a class of its own into a tree of superclasses.
 #include <algorithm>
 #include <iostream>
 #include <memory>

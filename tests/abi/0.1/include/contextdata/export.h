@@ -1,7 +1,0 @@
-// Marks the library's public interface; everything else is hidden.
-#pragma once
-
-#define CONTEXTDATA_API __attribute__((visibility("default")))
-
-/// Keeps a private member of a public class inside.
-#define CONTEXTDATA_INSIDE __attribute__((visibility("hidden")))
