@@ -12,7 +12,7 @@ need_packages "${build_packages[@]}" "${session_packages[@]}" "${ipython_package
   openjdk-17-jre-headless binutils git
 left_out=(-LE browser)
 if [ "${1:-}" != quick ]; then
-  need_packages clang clang-format clang-tidy libclang-rt-14-dev "${browser_packages[@]}"
+  need_packages clang clang-format clang-tidy libclang-rt-14-dev valgrind "${browser_packages[@]}"
   left_out=()
 fi
 
@@ -33,8 +33,7 @@ if [ "${1:-}" != quick ]; then
   build_preset tidy
 
   say "benchmarks"
-  build_preset release name_lists_benchmark name_lists_instructions class_model_benchmark class_model_instructions \
-    workspace_instructions
+  build_preset release bench_programs
 
   say "packages"
   scripts/package.sh --check

@@ -31,6 +31,9 @@ browser_packages=(jupyter-notebook chromium chromium-driver python3-selenium)
 # What packages of our own are made and checked with.
 package_packages=(dpkg-dev file pkgconf)
 
+# What completion is compared with, on which objects, and what draws the comparison.
+bench_packages=(python3-jedi python3-scipy python3-matplotlib)
+
 # Configures, when that has not been done, and builds one preset, or the targets named after it. Silent when there is
 # nothing to do.
 build_preset() {

@@ -5,9 +5,13 @@ Both programs are started in turns, and the medians are compared. With --check, 
 """
 
 import argparse
+import pathlib
 import statistics
 import subprocess
 import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from goals import Findings
 
 TIME_GOAL = 15.0
 MEMORY_GOAL = 5.0
@@ -44,7 +48,7 @@ def measured(imported):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--runs", type=int, default=15, help="of each program")
-    parser.add_argument("--check", action="store_true", help="fail when a goal is missed")
+    Findings.add_options(parser)
     arguments = parser.parse_args()
 
     runs = {name: [] for name in PROGRAMS}
@@ -57,16 +61,13 @@ def main():
         print(f"{name:32} {milliseconds:7.2f} {megabytes:7.2f}")
 
     milliseconds, megabytes = medians["contextdata"]
-    missed = []
-    if milliseconds >= TIME_GOAL:
-        missed.append(f"the import takes {milliseconds:.1f} ms, goal {TIME_GOAL:.0f}")
-    if megabytes >= MEMORY_GOAL:
-        missed.append(f"the import takes {megabytes:.1f} MB, goal {MEMORY_GOAL:.0f}")
-    for line in missed:
-        print("missed:", line)
-    if arguments.check and missed:
-        sys.exit(1)
+    findings = Findings("import")
+    findings.at_most("import contextdata, after numpy", milliseconds, TIME_GOAL, "ms")
+    findings.at_most("import contextdata, after numpy: memory", megabytes, MEMORY_GOAL, "MB")
+    findings.table("What an import costs, after numpy", ["imported", "ms", "MB"],
+                   [[name, round(each[0], 2), round(each[1], 2)] for name, each in medians.items()])
+    return findings.finish(arguments)
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main())

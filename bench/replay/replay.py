@@ -26,6 +26,8 @@ import tempfile
 import time
 import warnings
 
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from goals import Findings
 from folder import furnish
 from recording import recorded
 
@@ -107,13 +109,13 @@ def main():
     parser.add_argument("--passes", type=int, default=3, help="how often the hour is replayed")
     parser.add_argument("--slowest", type=int, default=0, help="also list so many of our slowest answers")
     parser.add_argument("--missed", action="store_true", help="also list the names that we did not offer")
-    parser.add_argument("--check", action="store_true", help="fail when a goal is missed")
+    Findings.add_options(parser)
     parser.add_argument("--one-pass", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--with-jedi", action="store_true", help=argparse.SUPPRESS)
     arguments = parser.parse_args()
     if arguments.one_pass:
         print(json.dumps(replay_once(arguments.with_jedi)))
-        return
+        return 0
 
     passes = replayed(arguments.passes)
     questions = [question for statement in recorded(HOUR) for question in statement.questions]
@@ -136,11 +138,12 @@ def main():
         print(f"{tool:15} {shown}   {p50:10.1f} {p99:7.1f} {worst:7.1f}   {found[tool]:5} {found_plain[tool]:13}")
     show_more(arguments, questions, times[OURS], passes[0])
 
-    missed = list(goals_missed(len(questions), figures, found_plain))
-    for line in missed:
-        print("missed:", line)
-    if arguments.check and missed:
-        sys.exit(1)
+    findings = Findings("replay")
+    note_goals(findings, len(questions), figures, found_plain)
+    findings.table("A recorded hour of work", ["tool", "p50", "p99", "worst", "names found", "after no call"],
+                   [[tool] + [round(each * 1e6, 1) for each in figures[tool]] + [found[tool], found_plain[tool]]
+                    for tool in tools], f"{len(questions)} questions, in microseconds.")
+    return findings.finish(arguments)
 
 
 def show_more(arguments, questions, times, answers):
@@ -154,21 +157,17 @@ def show_more(arguments, questions, times, answers):
                 print(f"not offered: {question.name} after {line!r}; by others: {', '.join(others) or 'nobody'}")
 
 
-def goals_missed(count, figures, found):
+def note_goals(findings, count, figures, found):
     ours = figures[OURS]
     peers = [tool for tool in figures if tool != OURS]
     better = min(figures[tool][1] for tool in peers)
-    if count < FEWEST_QUESTIONS:
-        yield f"there are {count} questions, not {FEWEST_QUESTIONS}"
-    if ours[1] >= P99_GOAL:
-        yield f"p99 is {ours[1] * 1e3:.2f} ms, goal {P99_GOAL * 1e3:.0f}"
-    if ours[2] >= WORST_GOAL:
-        yield f"the worst answer took {ours[2] * 1e3:.2f} ms, goal {WORST_GOAL * 1e3:.0f}"
-    if better < PEER_GOAL * ours[1]:
-        yield f"p99 is {better / ours[1]:.1f} times better than the better peer's, goal {PEER_GOAL:.0f}"
-    if found["IPython"] > found[OURS]:
-        yield f"IPython offered {found['IPython']} of the names typed after no call, we {found[OURS]}"
+    findings.at_least("the recorded hour: questions", count, FEWEST_QUESTIONS)
+    findings.at_most("the recorded hour: 99th percentile", ours[1] * 1e3, P99_GOAL * 1e3, "ms")
+    findings.at_most("the recorded hour: the worst answer", ours[2] * 1e3, WORST_GOAL * 1e3, "ms")
+    findings.at_least("the recorded hour: 99th percentile of the better peer, in ours", better / ours[1], PEER_GOAL)
+    findings.at_least("the recorded hour: names found where no call stands before, beside IPython's",
+                      found[OURS] / found["IPython"], 1)
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main())

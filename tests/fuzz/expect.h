@@ -19,6 +19,7 @@ inline std::string shown(const std::string& text) { return shown(std::string_vie
 inline std::string shown(const char* text) { return shown(std::string_view(text)); }
 inline std::string shown(std::u16string_view text) {
     std::ostringstream out;
+    out << '"';
     for (const char16_t unit : text) {
         if (unit >= u' ' && unit < 0x7F) {
             out << static_cast<char>(unit);
@@ -26,7 +27,8 @@ inline std::string shown(std::u16string_view text) {
             out << "\\x" << std::hex << static_cast<unsigned>(unit) << ';';
         }
     }
-    return "\"" + out.str() + "\"";
+    out << '"';
+    return out.str();
 }
 inline std::string shown(const std::u16string& text) { return shown(std::u16string_view(text)); }
 inline std::string shown(const void* pointer) {

@@ -35,7 +35,7 @@ struct Shape {
 };
 
 /// One class of `members` methods, as many properties and as many enumeration members; one in ten of each is not
-/// to be listed.
+/// to be listed, and one property in five is a constant.
 Shape flatClass(memory_host::World& world, std::size_t members);
 
 /// A class at the end of a chain of `depth` classes of ten methods and ten properties each.

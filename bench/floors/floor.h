@@ -7,13 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "bench/shapes.h"
+#include "bench/floors/shapes.h"
 
 namespace bench {
 
 std::vector<std::u16string> floorMethodNames(const Shape& shape);
 std::vector<std::u16string> floorStaticMethodNames(const Shape& shape);
 std::vector<std::u16string> floorPropertyNames(const Shape& shape);
+std::vector<std::u16string> floorConstantNames(const Shape& shape);
 std::vector<std::u16string> floorEnumerationNames(const Shape& shape);
 
 }  // namespace bench

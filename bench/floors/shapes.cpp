@@ -1,4 +1,4 @@
-#include "bench/shapes.h"
+#include "bench/floors/shapes.h"
 
 #include <algorithm>
 
@@ -12,6 +12,8 @@ using memory_host::World;
 constexpr std::size_t membersOfASmallClass = 10;
 
 bool isRejected(std::size_t number) { return number % 10 == 9; }
+
+bool isConstant(std::size_t number) { return number % 5 == 1; }
 
 PlainMember plainMember(const std::string& name, std::size_t number) {
     PlainMember member;
@@ -40,8 +42,9 @@ PlainClass addMembers(ClassBuilder cls, const std::string& className, std::size_
         }
         plain.methods.push_back(method);
 
-        const PlainMember property = plainMember(memberName("property" + tail, number), number);
-        cls.property(property.name.view());
+        PlainMember property = plainMember(memberName("property" + tail, number), number);
+        property.setAccess = isConstant(number) ? zelk::constantSetAccess : zelk::publicAccess;
+        isConstant(number) ? cls.constant(property.name.view()) : cls.property(property.name.view());
         if (!property.listable) {
             cls.unlistable();
         }

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "bench/class_shapes.h"
+#include "bench/floors/class_shapes.h"
 #include "contextdata/method_info.h"
 #include "contextdata/property_info.h"
 

@@ -1,4 +1,4 @@
-#include "bench/class_floor.h"
+#include "bench/floors/class_floor.h"
 
 #include <algorithm>
 #include <iterator>

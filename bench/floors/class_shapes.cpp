@@ -1,4 +1,4 @@
-#include "bench/class_shapes.h"
+#include "bench/floors/class_shapes.h"
 
 namespace bench {
 

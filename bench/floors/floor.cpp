@@ -1,4 +1,4 @@
-#include "bench/floor.h"
+#include "bench/floors/floor.h"
 
 #include <unordered_set>
 #include <utility>
@@ -34,23 +34,32 @@ Names methodNames(const Shape& shape, bool staticOnly) {
     return names;
 }
 
-}  // namespace
+bool isWanted(const PlainMember& property, bool constantOnly) {
+    const bool isConstant = property.setAccess == zelk::constantSetAccess;
+    return property.listable && (property.getAccess == 0 || property.setAccess == 0) && (!constantOnly || isConstant);
+}
 
-Names floorMethodNames(const Shape& shape) { return methodNames(shape, false); }
-
-Names floorStaticMethodNames(const Shape& shape) { return methodNames(shape, true); }
-
-Names floorPropertyNames(const Shape& shape) {
+Names propertyNames(const Shape& shape, bool constantOnly) {
     Names names;
     for (const PlainClass& cls : shape.lineage) {
         for (const PlainMember& property : cls.properties) {
-            if (property.listable && (property.getAccess == 0 || property.setAccess == 0)) {
+            if (isWanted(property, constantOnly)) {
                 names.push_back(fl::i18n::to_ustring(property.name.c_str(), widening));
             }
         }
     }
     return names;
 }
+
+}  // namespace
+
+Names floorMethodNames(const Shape& shape) { return methodNames(shape, false); }
+
+Names floorStaticMethodNames(const Shape& shape) { return methodNames(shape, true); }
+
+Names floorPropertyNames(const Shape& shape) { return propertyNames(shape, false); }
+
+Names floorConstantNames(const Shape& shape) { return propertyNames(shape, true); }
 
 Names floorEnumerationNames(const Shape& shape) {
     Names names;
