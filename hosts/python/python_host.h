@@ -54,6 +54,10 @@ CONTEXTDATA_PYTHON_HOST_API bool hasDirectoryHook(PyTypeObject* type);
 /// adds. Names of the class may be among them. Runs that hook, and no other code of the object's. Throws the interrupt.
 CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> namesOf(PyObject* object);
 
+/// A number that no other state of the names that `namesOf` gives has, as far as these are the keys of one dictionary:
+/// of an object whose class has no directory hook. Nothing for an object that has no dictionary (yet).
+CONTEXTDATA_PYTHON_HOST_API std::optional<std::uint64_t> versionOfNames(PyObject* object) noexcept;
+
 /// The attributes of an object's own whose names begin with one underscore, as UTF-8: what custom keeps from everybody,
 /// and the private names as the compiler spells them (`_Class__name`). None for classes and modules. Runs no code of
 /// the object's. Throws the interrupt.

@@ -2,9 +2,9 @@
 //
 // The rule. A listing is kept only under a version that the interpreter changes with every change of what the
 // listing was made of, and is handed out only while that version stands: so nothing stale is ever answered. What
-// has no such version is not kept: never the names that an object itself gives. A listing holds texts and none of a
-// user's objects; a class or module is known here by its address alone, which its version makes unmistakable.
-// The number of listings is bounded, and the one that came first makes room.
+// has no such version is not kept, and of the names that an object itself gives only those of crowded_object.h. A
+// listing holds texts and none of a user's objects; a class or module is known here by its address alone, which its
+// version makes unmistakable. The number of listings is bounded, and the one that came first makes room.
 #pragma once
 
 #include <cstddef>

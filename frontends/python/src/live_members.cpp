@@ -9,6 +9,7 @@
 
 #include "frontends/completion/class_members.h"
 #include "frontends/completion/value_members.h"
+#include "frontends/python/src/crowded_object.h"
 #include "frontends/python/src/insider_items.h"
 #include "frontends/python/src/listing_cache.h"
 #include "frontends/python/src/module_members.h"
@@ -88,10 +89,33 @@ pybind11::object membersOfClass(PyTypeObject* type, const Choice& choice, const 
                               : tupleOfBoth(*listing, insiderItems(idOf(type), nullptr, asker), choice);
 }
 
+/// Makes the listing of an object with very many names, which are taken, and of its class. Null, and nothing taken, for
+/// others and when the names have changed meanwhile.
+ListingPtr listingOfCrowd(const ListingPtr& ofClass, std::uint64_t version, PyObject* object, std::vector<Item>& own) {
+    if (own.size() < CrowdedObject::fewestNames || python_host::versionOfNames(object) != version) {
+        return nullptr;
+    }
+    auto listing = std::make_shared<const Listing>(merged(ofClass->items(), sortedOnce(std::move(own))));
+    crowdedObject().keep(ofClass, version, listing);
+    return listing;
+}
+
 pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, const Choice& choice,
                                  const Asker& asker) {
     ListingPtr ofClass = listingOfClass(Py_TYPE(object), Side::object);
+    const bool isPlain = asker.cls.isNull() && !ofClass->objectsAreAsked();
+    const std::optional<std::uint64_t> version = isPlain ? python_host::versionOfNames(object) : std::nullopt;
+    if (version) {
+        if (const ListingPtr kept = crowdedObject().find(ofClass, *version)) {
+            return kept->tupleOf(choice);
+        }
+    }
     std::vector<Item> own = ownNames(value, object);
+    if (version) {
+        if (const ListingPtr listing = listingOfCrowd(ofClass, *version, object, own)) {
+            return listing->tupleOf(choice);
+        }
+    }
     if (ofClass->objectsAreAsked()) {
         // The hook is code of the class's author: what it did to the class is to be seen.
         ofClass = listingOfClass(Py_TYPE(object), Side::object);

@@ -86,6 +86,11 @@ std::vector<std::string> namesOf(PyObject* object) {
     return {own.names().begin(), own.names().end()};
 }
 
+std::optional<std::uint64_t> versionOfNames(PyObject* object) noexcept {
+    PyObject* names = PyDict_CheckExact(object) ? object : instanceDictionary(object);
+    return names != nullptr && PyDict_Check(names) ? std::optional(versionOf(names)) : std::nullopt;
+}
+
 std::vector<std::string> concealedNamesOf(PyObject* object) {
     checkForInterrupt();
     std::vector<std::string> names;
