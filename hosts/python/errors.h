@@ -47,6 +47,15 @@ private:
 /// anything else a failure.
 [[noreturn]] void throwPythonError();
 
+/// Clears the Python error that is set. An interrupt that cannot be thrown here is not lost: the interpreter raises it
+/// again at its next check.
+inline void dropError() noexcept {
+    if (PyErr_Occurred() != nullptr && PyErr_ExceptionMatches(PyExc_KeyboardInterrupt) != 0) {
+        PyErr_SetInterrupt();
+    }
+    PyErr_Clear();
+}
+
 /// Passes an object on; throws the Python error that is set when it is null.
 inline PyObject* orThrow(PyObject* object) {
     if (object == nullptr) {

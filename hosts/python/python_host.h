@@ -17,6 +17,23 @@
 
 namespace python_host {
 
+/// Makes what the host needs for good, which no later call may then lack. Called once, before anything else; throws a
+/// host failure when it cannot be made.
+CONTEXTDATA_PYTHON_HOST_API void prepare();
+
+/// Puts the streams back that threads other than the caller's have diverted: after a fork they are not there to do it.
+CONTEXTDATA_PYTHON_HOST_API void endDiversionsOfOtherThreads() noexcept;
+
+/// The same, and they may divert none from now on: the interpreter ends, and stops them wherever they are. What cannot
+/// be done without diverting a stream fails in those threads.
+CONTEXTDATA_PYTHON_HOST_API void refuseDiversionsOfOtherThreads() noexcept;
+
+/// The table of the loaded modules, borrowed; null when the interpreter has none, or has something else in its place.
+CONTEXTDATA_PYTHON_HOST_API PyObject* loadedModules() noexcept;
+
+/// The dictionary of the built-in names, borrowed for good.
+CONTEXTDATA_PYTHON_HOST_API PyObject* builtinNames() noexcept;
+
 /// A host value that stands for a live object, to which it holds a reference. `object` is not null.
 CONTEXTDATA_PYTHON_HOST_API qxUniqueArray wrap(PyObject* object);
 

@@ -114,7 +114,7 @@ TEST_F(Streams, ThatFailAreNotAsked) {
     run("sys.stdout = before");
 }
 
-TEST_F(Streams, ThatSomebodyKeptWriteToNobodyAfterwards) {
+TEST_F(Streams, ThatSomebodyKeptLeaveTheSinkAloneAfterwards) {
     const Sink sink = boost::make_shared<OutputCapture>();
     OutputStream::standardOutput().push(sink);
     run("import sys\nkept = sys.stdout");

@@ -13,6 +13,10 @@ descriptor, no attribute hook.
 
 from collections.abc import Sequence as _Sequence
 
+from ._native import require_main_interpreter as _require_main_interpreter
+
+_require_main_interpreter()
+
 from ._debugger import unwatch_debugger, watch_debugger
 from ._description import Attributes, Description, Member, Property, Superclass, describe
 from ._native import Completion, Completions, complete, members, policy, set_policy

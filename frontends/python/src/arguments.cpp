@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "frontends/python/src/errors.h"
+
 namespace contextdata::python {
 
 namespace {
@@ -11,7 +13,7 @@ constexpr std::array<const char*, 6> parameterNames = {"text", "cursor", "namesp
 constexpr Py_ssize_t positionalCount = 3;
 using Values = std::array<PyObject*, parameterNames.size()>;
 
-[[noreturn]] void throwError() { throw pybind11::error_already_set(); }
+[[noreturn]] void throwError() { throwRaised(); }
 
 std::size_t positionOf(PyObject* keyword) {
     for (std::size_t position = 0; position < parameterNames.size(); ++position) {

@@ -4,6 +4,7 @@
 
 #include "frontends/completion/ask.h"
 #include "frontends/completion/subject.h"
+#include "frontends/python/src/errors.h"
 #include "frontends/python/src/python_text.h"
 #include "hosts/python/python_host.h"
 
@@ -22,7 +23,7 @@ ResolvedClassID classNamed(PyObject* text) {
         PyErr_Format(PyExc_ValueError,
                      "there is no class %R to be inside of; import its module and write both, as in 'decimal.Decimal'",
                      strOf(name).ptr());
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return cls;
 }
@@ -36,7 +37,7 @@ Asker askerNamed(PyObject* inside) {
     }
     if (!PyUnicode_Check(inside)) {
         PyErr_Format(PyExc_TypeError, "inside must be a class or the name of one, not %s", Py_TYPE(inside)->tp_name);
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return {classNamed(inside), true};
 }

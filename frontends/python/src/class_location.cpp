@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/variables.h"
 #include "hosts/python/python_host.h"
@@ -19,8 +20,8 @@ pybind11::object orNone(PyObject* text) {
 
 /// Null when somebody put another thing than a module there.
 PyObject* loadedModule(std::u16string_view name) {
-    PyObject* modules = PyImport_GetModuleDict();
-    PyObject* module = modules != nullptr && PyDict_Check(modules) ? findName(modules, name) : nullptr;
+    PyObject* modules = python_host::loadedModules();
+    PyObject* module = modules == nullptr ? nullptr : findName(modules, name);
     return module != nullptr && PyModule_Check(module) ? module : nullptr;
 }
 
@@ -28,7 +29,9 @@ PyObject* loadedModule(std::u16string_view name) {
 pybind11::object moduleOfBuiltIn(const PyTypeObject* type) {
     const std::string_view name = type->tp_name;
     const std::size_t dot = name.rfind('.');
-    return dot == std::string_view::npos ? pybind11::str("builtins") : pybind11::str(name.data(), dot);
+    return dot == std::string_view::npos
+               ? strOfAscii("builtins")
+               : orThrow(PyUnicode_FromStringAndSize(name.data(), static_cast<Py_ssize_t>(dot)));
 }
 
 pybind11::object moduleNameOf(PyTypeObject* type) {

@@ -11,6 +11,7 @@
 #include "frontends/python/src/errors.h"
 #include "frontends/python/src/live_members.h"
 #include "frontends/python/src/module_members.h"
+#include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/question.h"
 #include "frontends/python/src/results.h"
@@ -35,14 +36,14 @@ std::pair<pybind11::object, Py_ssize_t> limited(pybind11::object items, Py_ssize
     }
     PyObject* first = PyTuple_GetSlice(items.ptr(), 0, limit);
     if (first == nullptr) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return {pybind11::reinterpret_steal<pybind11::object>(first), count - limit};
 }
 
 pybind11::object noReason() {
-    static PyObject* const empty = PyUnicode_InternFromString("");
-    return pybind11::reinterpret_borrow<pybind11::object>(empty);
+    // The interpreter has one empty text, which needs no memory.
+    return pybind11::reinterpret_steal<pybind11::object>(PyUnicode_FromStringAndSize(nullptr, 0));
 }
 
 pybind11::object completeText(const CompleteArguments& arguments, const Asker& named) {
@@ -64,7 +65,7 @@ pybind11::object completeText(const CompleteArguments& arguments, const Asker& n
 pybind11::object failedAnswer(const CompleteArguments& arguments) {
     setErrorFromException();
     if (PyErr_ExceptionMatches(PyExc_KeyboardInterrupt) != 0) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return completionsOf({arguments.cursor, arguments.cursor, 0, pybind11::tuple(),
                           strOf(u"the completion failed: " + takeErrorText())});
@@ -103,23 +104,24 @@ PyObject* complete(PyObject* /*module*/, PyObject* const* values, Py_ssize_t cou
 PyObject* members(PyObject* /*module*/, PyObject* object) noexcept {
     return guarded([&]() -> pybind11::object {
         const qxSharedArray value = makeSharedPtr(python_host::wrap(object).release());
-        return pybind11::list(membersOfValue(value, {}, {}));
+        return orThrow(PySequence_List(membersOfValue(value, {}, {}).ptr()));
     });
 }
 
 pybind11::tuple explain(const pybind11::str& text, const pybind11::dict& variables) {
     const std::u16string units = utf16Of(text.ptr(), PyUnicode_GET_LENGTH(text.ptr()));
     const ParsedText parsed = completion::parse(units, units.size());
-    pybind11::list chain;
+    const pybind11::list chain = newList();
     if (parsed.wanted == Wanted::members) {
         for (const std::u16string_view segment : parsed.chain) {
-            chain.append(strOf(segment));
+            append(chain, strOf(segment));
         }
     }
     const python_host::CurrentWorkspace workspace(variables.ptr());
     Variables names(workspace);
     const std::size_t followed = chain.empty() ? 0 : lengthFollowed(parsed.chain, names);
-    return pybind11::make_tuple(completion::textOf(parsed.refusal), chain, followed);
+    return tupleWith(strOfAscii(completion::textOf(parsed.refusal)), pybind11::object(chain),
+                     orThrow(PyLong_FromSize_t(followed)));
 }
 
 }  // namespace contextdata::python

@@ -16,7 +16,7 @@ public:
     /// Below this, reading the names anew is fast.
     static constexpr std::size_t fewestNames = 256;
 
-    /// Null when nothing is kept for that listing of a class and that version of the names.
+    /// Null when nothing is kept for that listing of a class and that version of the names, which is never 0.
     ListingPtr find(const ListingPtr& ofClass, std::uint64_t versionOfNames) const;
 
     void keep(ListingPtr ofClass, std::uint64_t versionOfNames, ListingPtr listing);

@@ -12,6 +12,8 @@
 #include "frontends/python/src/arguments.h"
 #include "frontends/python/src/class_location.h"
 #include "frontends/python/src/description_objects.h"
+#include "frontends/python/src/errors.h"
+#include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/own_attributes.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/variables.h"
@@ -38,7 +40,7 @@ struct Described {
 template <class... Arguments>
 [[noreturn]] void throwValueError(const char* format, Arguments... arguments) {
     PyErr_Format(PyExc_ValueError, format, arguments...);
-    throw pybind11::error_already_set();
+    throwRaised();
 }
 
 Described classItself(PyTypeObject* type) {
@@ -55,7 +57,7 @@ Described classItself(PyTypeObject* type) {
 pybind11::object shownName(PyObject* module) {
     PyObject* name = findName(PyModule_GetDict(module), u"__name__");
     const bool isText = name != nullptr && PyUnicode_CheckExact(name);
-    return isText ? pybind11::reinterpret_borrow<pybind11::object>(name) : pybind11::str("this");
+    return isText ? pybind11::reinterpret_borrow<pybind11::object>(name) : strOfAscii("this");
 }
 
 Described objectItself(qxSharedArray value) {
@@ -135,8 +137,8 @@ pybind11::tuple describe(const pybind11::object& subject, const pybind11::object
     const ClassDescription description = describeClass(described.cls, options);
     const ClassLocation location = described.type ? locationOf(reinterpret_cast<PyTypeObject*>(described.type.ptr()))
                                                   : ClassLocation{pybind11::none(), pybind11::none()};
-    return pybind11::make_tuple(location.module, location.file, objectsOf(description),
-                                attributeObjects(std::move(own), description));
+    return tupleWith(location.module, location.file, objectsOf(description),
+                     attributeObjects(std::move(own), description));
 }
 
 }  // namespace contextdata::python

@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/python_text.h"
 
 namespace contextdata::python {
@@ -18,7 +19,7 @@ namespace {
 /// A tuple of what `make` makes of each element.
 template <class Range, class Make>
 pybind11::tuple tupleOf(const Range& range, Make make) {
-    pybind11::tuple tuple(std::size(range));
+    pybind11::tuple tuple = newTuple(std::size(range));
     Py_ssize_t place = 0;
     for (const auto& element : range) {
         PyTuple_SET_ITEM(tuple.ptr(), place++, pybind11::object(make(element)).release().ptr());
@@ -35,16 +36,16 @@ class Converter {
 public:
     pybind11::tuple members(const std::vector<DescribedMember>& members) {
         return tupleOf(members, [this](const DescribedMember& member) {
-            return pybind11::make_tuple(strOf(member.name), access(member.access), named(member.definingClass));
+            return tupleWith(strOf(member.name), access(member.access), named(member.definingClass));
         });
     }
 
     pybind11::tuple properties(const std::vector<DescribedProperty>& properties) {
         return tupleOf(properties, [this](const DescribedProperty& property) {
-            return pybind11::make_tuple(strOf(property.name), access(property.access), named(property.definingClass),
-                                        named(property.typeName), textsOf(property.sizes), textsOf(property.validators),
-                                        textsOf(property.values), property.isReadOnly, property.hasCustomGetter,
-                                        property.isStored);
+            return tupleWith(strOf(property.name), access(property.access), named(property.definingClass),
+                             named(property.typeName), textsOf(property.sizes), textsOf(property.validators),
+                             textsOf(property.values), pybind11::bool_(property.isReadOnly),
+                             pybind11::bool_(property.hasCustomGetter), pybind11::bool_(property.isStored));
         });
     }
 
@@ -64,7 +65,7 @@ private:
     pybind11::object access(std::int32_t code) {
         pybind11::object& known = accesses_[code];
         if (!known) {
-            known = pybind11::str(completion::textOfAccess(code));
+            known = strOfAscii(completion::textOfAccess(code).c_str());
         }
         return known;
     }
@@ -75,8 +76,8 @@ private:
 
 pybind11::tuple superclassesOf(const std::vector<Superclass>& superclasses) {
     return tupleOf(superclasses, [](const Superclass& superclass) {
-        return pybind11::make_tuple(strOf(superclass.name), superclassesOf(superclass.superclasses),
-                                    superclass.isRepeated, superclass.isCut);
+        return tupleWith(strOf(superclass.name), superclassesOf(superclass.superclasses),
+                         pybind11::bool_(superclass.isRepeated), pybind11::bool_(superclass.isCut));
     });
 }
 
@@ -85,17 +86,16 @@ pybind11::tuple superclassesOf(const std::vector<Superclass>& superclasses) {
 pybind11::tuple objectsOf(const ClassDescription& description) {
     Converter converter;
     const auto& attributes = description.attributes;
-    return pybind11::make_tuple(strOf(description.name), superclassesOf(description.superclasses),
-                                pybind11::make_tuple(textsOf(attributes.ofClasses), textsOf(attributes.ofProperties),
-                                                     textsOf(attributes.ofMethods), textsOf(attributes.ofEvents)),
-                                converter.members(description.enumerationMembers),
-                                converter.properties(description.constants),
-                                converter.properties(description.properties),
-                                converter.members(description.staticMethods), converter.members(description.methods));
+    return tupleWith(strOf(description.name), superclassesOf(description.superclasses),
+                     tupleWith(textsOf(attributes.ofClasses), textsOf(attributes.ofProperties),
+                               textsOf(attributes.ofMethods), textsOf(attributes.ofEvents)),
+                     converter.members(description.enumerationMembers), converter.properties(description.constants),
+                     converter.properties(description.properties), converter.members(description.staticMethods),
+                     converter.members(description.methods));
 }
 
 pybind11::tuple memberObject(const std::u16string& name, const char* access) {
-    return pybind11::make_tuple(strOf(name), access, pybind11::none());
+    return tupleWith(strOf(name), strOfAscii(access), pybind11::none());
 }
 
 }  // namespace contextdata::python

@@ -26,12 +26,38 @@ std::u16string textOf(PyObject* error) {
 
 }  // namespace
 
+RaisedError::RaisedError() noexcept { PyErr_Fetch(&type_, &value_, &traceback_); }
+
+RaisedError::RaisedError(const RaisedError& other) noexcept
+    : std::exception(other),
+      type_(Py_XNewRef(other.type_)),
+      value_(Py_XNewRef(other.value_)),
+      traceback_(Py_XNewRef(other.traceback_)) {}
+
+RaisedError::~RaisedError() {
+    Py_XDECREF(type_);
+    Py_XDECREF(value_);
+    Py_XDECREF(traceback_);
+}
+
+void RaisedError::restore() const noexcept {
+    PyErr_Restore(Py_XNewRef(type_), Py_XNewRef(value_), Py_XNewRef(traceback_));
+}
+
+void throwRaised() { throw RaisedError(); }
+
 std::u16string takeErrorText() {
-    const pybind11::error_already_set taken;
-    PyErr_Clear();
-    const std::string_view type = reinterpret_cast<PyTypeObject*>(taken.type().ptr())->tp_name;
-    std::u16string text(type.begin(), type.end());
-    const std::u16string details = taken.value() ? textOf(taken.value().ptr()) : std::u16string();
+    PyObject* type = nullptr;
+    PyObject* value = nullptr;
+    PyObject* traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    const auto keepType = pybind11::reinterpret_steal<pybind11::object>(type);
+    const auto keepValue = pybind11::reinterpret_steal<pybind11::object>(value);
+    const auto keepTraceback = pybind11::reinterpret_steal<pybind11::object>(traceback);
+    const std::string_view name = reinterpret_cast<PyTypeObject*>(type)->tp_name;
+    std::u16string text(name.begin(), name.end());
+    const std::u16string details = value == nullptr ? std::u16string() : textOf(value);
     text += details.empty() ? u"" : u": ";
     std::transform(details.begin(), details.end(), std::back_inserter(text),
                    [](char16_t unit) { return unit < u' ' ? u' ' : unit; });
@@ -41,6 +67,8 @@ std::u16string takeErrorText() {
 void setErrorFromException() noexcept {
     try {
         throw;
+    } catch (const RaisedError& error) {
+        error.restore();
     } catch (pybind11::error_already_set& error) {
         error.restore();
     } catch (const InterruptException&) {

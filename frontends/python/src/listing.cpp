@@ -6,6 +6,8 @@
 #include <numeric>
 #include <utility>
 
+#include "frontends/python/src/errors.h"
+#include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/results.h"
 
@@ -42,7 +44,7 @@ private:
 /// A tuple that is filled from its first place on.
 class TupleBuilder {
 public:
-    explicit TupleBuilder(std::size_t size) : tuple_(size) {}
+    explicit TupleBuilder(std::size_t size) : tuple_(newTuple(size)) {}
 
     void addNew(const Item& item) { add(completionOf(item, definers_.of(item.definingClass))); }
 
@@ -117,7 +119,7 @@ pybind11::object Listing::sorted(std::u16string_view prefix, Items more) const {
     PyObject* slice = PyTuple_GetSlice(completions_.ptr(), static_cast<Py_ssize_t>(range.first),
                                        static_cast<Py_ssize_t>(range.second));
     if (slice == nullptr) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return pybind11::reinterpret_steal<pybind11::object>(slice);
 }
@@ -207,7 +209,8 @@ const Listing::Ranking& Listing::ranking() const {
         completions.addKnown(completions_, place);
     }
     order.completions = completions.take();
-    return ranking_.emplace(std::move(order));
+    // Making objects may collect garbage, and so let others in who were quicker, and hold on to what they made.
+    return ranking_ ? *ranking_ : ranking_.emplace(std::move(order));
 }
 
 }  // namespace contextdata::python

@@ -89,32 +89,25 @@ pybind11::object membersOfClass(PyTypeObject* type, const Choice& choice, const 
                               : tupleOfBoth(*listing, insiderItems(idOf(type), nullptr, asker), choice);
 }
 
-/// Makes the listing of an object with very many names, which are taken, and of its class. Null, and nothing taken, for
-/// others and when the names have changed meanwhile.
-ListingPtr listingOfCrowd(const ListingPtr& ofClass, std::uint64_t version, PyObject* object, std::vector<Item>& own) {
-    if (own.size() < CrowdedObject::fewestNames || python_host::versionOfNames(object) != version) {
-        return nullptr;
-    }
-    auto listing = std::make_shared<const Listing>(merged(ofClass->items(), sortedOnce(std::move(own))));
-    crowdedObject().keep(ofClass, version, listing);
-    return listing;
+/// The version of the names that an object adds to those of its class, when it adds no others; 0 when that may be.
+std::uint64_t versionOfOwnNames(PyObject* object, const Listing& ofClass, const Asker& asker) {
+    const bool isPlain = asker.cls.isNull() && !ofClass.objectsAreAsked();
+    return isPlain ? python_host::versionOfNames(object).value_or(0) : 0;
 }
 
 pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, const Choice& choice,
                                  const Asker& asker) {
     ListingPtr ofClass = listingOfClass(Py_TYPE(object), Side::object);
-    const bool isPlain = asker.cls.isNull() && !ofClass->objectsAreAsked();
-    const std::optional<std::uint64_t> version = isPlain ? python_host::versionOfNames(object) : std::nullopt;
-    if (version) {
-        if (const ListingPtr kept = crowdedObject().find(ofClass, *version)) {
-            return kept->tupleOf(choice);
-        }
+    const std::uint64_t version = versionOfOwnNames(object, *ofClass, asker);
+    if (const ListingPtr kept = crowdedObject().find(ofClass, version)) {
+        return kept->tupleOf(choice);
     }
     std::vector<Item> own = ownNames(value, object);
-    if (version) {
-        if (const ListingPtr listing = listingOfCrowd(ofClass, *version, object, own)) {
-            return listing->tupleOf(choice);
-        }
+    if (version != 0 && own.size() >= CrowdedObject::fewestNames &&
+        versionOfOwnNames(object, *ofClass, asker) == version) {
+        const auto all = std::make_shared<const Listing>(merged(ofClass->items(), sortedOnce(std::move(own))));
+        crowdedObject().keep(ofClass, version, all);
+        return all->tupleOf(choice);
     }
     if (ofClass->objectsAreAsked()) {
         // The hook is code of the class's author: what it did to the class is to be seen.

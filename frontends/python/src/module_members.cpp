@@ -66,9 +66,8 @@ Items membersOfModule(const qxSharedArray& value, PyObject* module) {
 }
 
 Items boundNames(std::span<const std::u16string_view> module) {
-    PyObject* modules = PyImport_GetModuleDict();
-    PyObject* loaded =
-        modules != nullptr && PyDict_CheckExact(modules) ? findName(modules, completion::dotted(module)) : nullptr;
+    PyObject* modules = python_host::loadedModules();
+    PyObject* loaded = modules == nullptr ? nullptr : findName(modules, completion::dotted(module));
     if (loaded == nullptr || !PyModule_Check(loaded)) {
         return {};
     }

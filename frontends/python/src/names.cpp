@@ -96,7 +96,7 @@ std::vector<Item> fittingNames(const python_host::CurrentWorkspace& workspace, F
     if (workspace.globals() != workspace.locals()) {
         names.addKeys(workspace.globals(), false);
     }
-    names.addKeys(builtinNames(), true);
+    names.addKeys(python_host::builtinNames(), true);
     return names.take();
 }
 

@@ -5,8 +5,10 @@
 
 #include "frontends/python/src/complete.h"
 #include "frontends/python/src/describe.h"
+#include "frontends/python/src/errors.h"
 #include "frontends/python/src/listing_cache.h"
 #include "frontends/python/src/policy.h"
+#include "frontends/python/src/process.h"
 #include "frontends/python/src/results.h"
 #include "frontends/python/src/what.h"
 #include "host/exceptions.h"
@@ -44,23 +46,36 @@ constexpr const char* membersDocumentation =
     "members(object, /)\n--\n\n"
     "Lists what may follow a live object, class or module and a dot: a list of Completion, sorted by name.";
 
+// A second interpreter gets a copy of the module without anybody being asked, so the package has to ask.
+PyObject* requireMain(PyObject* /*module*/, PyObject* /*none*/) noexcept {
+    return requireMainInterpreter() ? Py_NewRef(Py_None) : nullptr;
+}
+
 // Called without the binding library's own dispatch, which costs more than a small answer does.
-PyMethodDef quickFunctions[] = {{"complete", reinterpret_cast<PyCFunction>(reinterpret_cast<void*>(complete)),
-                                 METH_FASTCALL | METH_KEYWORDS, completeDocumentation},
-                                {"members", members, METH_O, membersDocumentation},
-                                {nullptr, nullptr, 0, nullptr}};
+PyMethodDef quickFunctions[] = {
+    {"complete", reinterpret_cast<PyCFunction>(reinterpret_cast<void*>(complete)), METH_FASTCALL | METH_KEYWORDS,
+     completeDocumentation},
+    {"members", members, METH_O, membersDocumentation},
+    {"require_main_interpreter", requireMain, METH_NOARGS, "Raises ImportError in a subinterpreter."},
+    {nullptr, nullptr, 0, nullptr}};
 
 }  // namespace
 
-PYBIND11_MODULE(_native, module) {
+namespace {
+
+void fill(pybind11::module_& module) {
+    python_host::prepare();
+    followProcess();
     module.doc() = "The completion engine on the live Python session.";
     addResultTypes(module);
     if (PyModule_AddFunctions(module.ptr(), quickFunctions) != 0) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     pybind11::register_exception_translator([](std::exception_ptr thrown) {
         try {
             std::rethrow_exception(std::move(thrown));
+        } catch (const RaisedError& error) {
+            error.restore();
         } catch (const foundation::core::except::InterruptException&) {
             PyErr_SetNone(PyExc_KeyboardInterrupt);
         }
@@ -91,4 +106,24 @@ PYBIND11_MODULE(_native, module) {
     module.attr("most_kept_listings") = ListingCache::capacity;
 }
 
+}  // namespace
+
 }  // namespace contextdata::python
+
+/// What the import machinery calls, once in the process. Not by the binding library's macro: that begins with what
+/// belongs to one interpreter for good, before anything can be refused.
+extern "C" PYBIND11_EXPORT PyObject* PyInit__native() {  // NOLINT(bugprone-reserved-identifier): Python names it
+    static pybind11::module_::module_def definition;
+    if (!contextdata::python::requireMainInterpreter()) {
+        return nullptr;
+    }
+    try {
+        pybind11::detail::get_internals();
+        auto module = pybind11::module_::create_extension_module("_native", nullptr, &definition);
+        contextdata::python::fill(module);
+        return module.ptr();
+    } catch (...) {
+        contextdata::python::setErrorFromException();
+        return nullptr;
+    }
+}

@@ -7,6 +7,7 @@
 #include "frontends/completion/ask.h"
 #include "frontends/completion/lineage.h"
 #include "frontends/python/src/description_objects.h"
+#include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/own_names.h"
 #include "frontends/python/src/private_names.h"
 #include "host/i18n.h"
@@ -57,9 +58,10 @@ pybind11::tuple attributeObjects(std::vector<OwnAttribute> attributes, const Cla
                      [](const OwnAttribute& left, const OwnAttribute& right) { return left.name < right.name; });
     const auto sameName = [](const OwnAttribute& left, const OwnAttribute& right) { return left.name == right.name; };
     attributes.erase(std::unique(attributes.begin(), attributes.end(), sameName), attributes.end());
-    pybind11::tuple objects(attributes.size());
+    pybind11::tuple objects = newTuple(attributes.size());
     for (std::size_t place = 0; place < attributes.size(); ++place) {
-        objects[place] = memberObject(attributes[place].name, attributes[place].access);
+        PyTuple_SET_ITEM(objects.ptr(), static_cast<Py_ssize_t>(place),
+                         memberObject(attributes[place].name, attributes[place].access).release().ptr());
     }
     return objects;
 }

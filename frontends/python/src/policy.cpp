@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "frontends/python/src/errors.h"
 #include "hosts/python/python_host.h"
 
 namespace contextdata::python {
@@ -44,7 +45,7 @@ void setPolicy(const pybind11::str& name) {
     }
     PyErr_Format(PyExc_ValueError, "there is no policy %R; the policies are 'strict', 'guarded' and 'full'",
                  name.ptr());
-    throw pybind11::error_already_set();
+    throwRaised();
 }
 
 }  // namespace contextdata::python

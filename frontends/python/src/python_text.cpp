@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "frontends/python/src/errors.h"
+
 namespace contextdata::python {
 
 namespace {
@@ -33,7 +35,7 @@ std::u16string utf16OfWide(const Py_UCS4* begin, const Py_UCS4* end) {
 
 std::u16string utf16Of(PyObject* text, Py_ssize_t length) {
     if (PyUnicode_READY(text) != 0) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     switch (PyUnicode_KIND(text)) {
         case PyUnicode_1BYTE_KIND: {
@@ -73,7 +75,7 @@ pybind11::object strOf(std::u16string_view text) {
                                     length * static_cast<Py_ssize_t>(sizeof(char16_t)), "surrogatepass", &order);
     }
     if (str == nullptr) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return pybind11::reinterpret_steal<pybind11::object>(str);
 }

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "frontends/python/src/errors.h"
 #include "frontends/python/src/python_text.h"
 
 namespace contextdata::python {
@@ -110,7 +111,7 @@ std::array<PyObject*, completion::kindCount> kindWords = {};
 
 PyObject* orThrow(PyObject* object) {
     if (object == nullptr) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return object;
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "contextdata/values.h"
+#include "frontends/python/src/errors.h"
 #include "frontends/python/src/python_text.h"
 #include "hosts/python/python_host.h"
 
@@ -60,7 +61,7 @@ PyObject* findIn(PyObject* dictionary, PyObject* name) {
     }
     PyObject* value = PyDict_GetItemWithError(dictionary, name);
     if (value == nullptr && PyErr_Occurred() != nullptr) {
-        throw pybind11::error_already_set();
+        throwRaised();
     }
     return value;
 }
@@ -72,17 +73,11 @@ PyObject* findInAny(PyObject* scope, PyObject* name) {
 
 }  // namespace
 
-PyObject* builtinNames() {
-    // Kept for good: a session may take the module out of the table of modules.
-    static PyObject* const module = PyImport_ImportModule("builtins");
-    return module == nullptr ? nullptr : PyModule_GetDict(module);
-}
-
 PyObject* findName(PyObject* dictionary, std::u16string_view name) { return findIn(dictionary, strOf(name).ptr()); }
 
 qxSharedArray Variables::find(const std::u16string& name) {
     const pybind11::object text = strOf(name);
-    for (PyObject* scope : {workspace_.locals(), workspace_.globals(), builtinNames()}) {
+    for (PyObject* scope : {workspace_.locals(), workspace_.globals(), python_host::builtinNames()}) {
         if (PyObject* value = findInAny(scope, text.ptr())) {
             return makeSharedPtr(python_host::wrap(value).release());
         }

@@ -15,9 +15,6 @@ namespace contextdata::python {
 /// nobody's code, whatever the keys are.
 PyObject* findName(PyObject* dictionary, std::u16string_view name);
 
-/// The dictionary of the built-in names; null when the interpreter has none.
-PyObject* builtinNames();
-
 /// Reads a workspace for the length of one call.
 class Variables final : public completion::Workspace {
 public:

@@ -6,6 +6,7 @@
 
 #include "contextdata/what_list.h"
 #include "frontends/completion/ask.h"
+#include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/python_text.h"
 #include "host/dispatcher.h"
 #include "host/file_system.h"
@@ -35,9 +36,9 @@ pybind11::object what(const pybind11::str& folder, const pybind11::str& kind) {
     }
     std::vector<std::u16string> names;
     getWhatList(name, names, fl::i18n::to_string(textOf(kind)));
-    pybind11::list list;
+    pybind11::list list = newList();
     for (const std::u16string& each : names) {
-        list.append(strOf(each));
+        append(list, strOf(each));
     }
     return list;
 }

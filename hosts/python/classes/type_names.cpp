@@ -37,9 +37,9 @@ CompiledName compiledNameOf(const PyTypeObject* type) {
 }  // namespace
 
 // Each witness is alive if the one before is unchanged: the type keeps its own dictionary, the interpreter that of the
-// modules, and every other one is found through its predecessor.
+// modules until it ends, and every other one is found through its predecessor.
 bool TypeName::holdsFor(const PyTypeObject* type) const noexcept {
-    if (!qualified_ || (isMadeInPython(type) && qualifiedNameOf(type) != qualified_.get())) {
+    if (!qualified_ || _Py_IsFinalizing() != 0 || (isMadeInPython(type) && qualifiedNameOf(type) != qualified_.get())) {
         return false;
     }
     return std::all_of(witnesses_.begin(), witnesses_.end(),

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hosts/python/errors.h"
+#include "hosts/python/running_code.h"
 
 namespace python_host {
 
@@ -32,7 +33,9 @@ Ref evaluateFully(const std::string& text, const Workspace& workspace) {
     // A workspace of one dictionary is its own globals.
     const Ref globals = orEmptyDictionary(workspace.globals ? workspace.globals : workspace.locals);
     const Ref locals = workspace.locals ? workspace.locals : globals;
-    return globals ? orNothingUnlessInterrupted(PyEval_EvalCode(code.get(), globals.get(), locals.get())) : Ref();
+    return globals ? orNothingUnlessInterrupted(
+                         runCode([&] { return PyEval_EvalCode(code.get(), globals.get(), locals.get()); }))
+                   : Ref();
 }
 
 }  // namespace python_host

@@ -25,8 +25,7 @@ using Found = std::optional<UnloadedModule>;
 
 template <class Take>
 void eachCompiledIn(Take take) {
-    static PyObject* const key = PyUnicode_InternFromString("builtin_module_names");
-    const Ref names = Ref::share(findInModule("sys", key));
+    const Ref names = Ref::share(findInModule("sys", keys().builtinModuleNames));
     if (!names || !PyTuple_CheckExact(names.get())) {
         return;
     }

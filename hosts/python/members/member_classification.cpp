@@ -48,9 +48,7 @@ MemberShape shapeOfDataDescriptor(PyObject* value) {
 
 /// Method descriptors of the standard library that are not themselves callable.
 bool isMethodFactory(PyObject* value) {
-    static PyObject* const partialMethod = PyUnicode_InternFromString("partialmethod");
-    static PyObject* const singleDispatch = PyUnicode_InternFromString("singledispatchmethod");
-    for (PyObject* name : {partialMethod, singleDispatch}) {
+    for (PyObject* name : {keys().partialMethod, keys().singleDispatch}) {
         PyObject* type = findInModule("functools", name);
         if (type != nullptr && PyType_Check(type) && PyObject_TypeCheck(value, reinterpret_cast<PyTypeObject*>(type))) {
             return true;

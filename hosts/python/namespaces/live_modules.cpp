@@ -28,7 +28,8 @@ std::string searchLoadedName(PyObject* module) {
 }  // namespace
 
 PyObject* loadedModules() noexcept {
-    PyObject* modules = PyImport_GetModuleDict();
+    // Near its end the interpreter gives its table up, and dies when it is asked for it.
+    PyObject* modules = _Py_IsFinalizing() == 0 ? PyImport_GetModuleDict() : findItem(keys().system, keys().modules);
     return modules != nullptr && PyDict_Check(modules) ? modules : nullptr;
 }
 

@@ -6,12 +6,10 @@
 #include <string>
 #include <string_view>
 
+#include "hosts/python/python_host.h"
 #include "hosts/python/references.h"
 
 namespace python_host {
-
-/// The dictionary of loaded modules, borrowed from the interpreter; null when somebody replaced it by another thing.
-PyObject* loadedModules() noexcept;
 
 /// A loaded module by its full name, borrowed; null when there is none or when the entry is no module.
 PyObject* findLoadedModule(std::string_view name) noexcept;

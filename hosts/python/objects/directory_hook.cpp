@@ -8,6 +8,7 @@
 #include "hosts/python/objects/labels.h"
 #include "hosts/python/python_host.h"
 #include "hosts/python/references.h"
+#include "hosts/python/running_code.h"
 #include "hosts/python/streams/output_capture.h"
 
 namespace python_host {
@@ -36,14 +37,14 @@ Ref bindHook(PyObject* hook, PyObject* object) {
     if (bind == nullptr) {
         return Ref::share(hook);
     }
-    return Ref::steal(bind(hook, object, asObject(Py_TYPE(object))));
+    return Ref::steal(runCode([&] { return bind(hook, object, asObject(Py_TYPE(object))); }));
 }
 
 Ref callHook(PyObject* hook, PyObject* object) {
     const OutputCapture capture;
     const Ref bound = bindHook(hook, object);
-    const Ref answer = bound ? Ref::steal(PyObject_CallNoArgs(bound.get())) : Ref();
-    Ref names = answer ? Ref::steal(PySequence_List(answer.get())) : Ref();
+    const Ref answer = bound ? Ref::steal(runCode([&] { return PyObject_CallNoArgs(bound.get()); })) : Ref();
+    Ref names = answer ? Ref::steal(runCode([&] { return PySequence_List(answer.get()); })) : Ref();
     if (!names) {
         containError();
     }

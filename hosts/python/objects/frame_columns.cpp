@@ -15,6 +15,7 @@
 #include "hosts/python/objects/instance_attributes.h"
 #include "hosts/python/objects/labels.h"
 #include "hosts/python/python_text.h"
+#include "hosts/python/running_code.h"
 #include "hosts/python/values/numpy_values.h"
 
 namespace python_host {
@@ -130,7 +131,8 @@ Ref readFrameColumn(PyObject* frame, PyObject* name) {
     if (!isSafe) {
         return {};
     }
-    return orNothingUnlessInterrupted(PyObject_CallFunctionObjArgs(reader.get(), frame, name, nullptr));
+    return orNothingUnlessInterrupted(
+        runCode([&] { return PyObject_CallFunctionObjArgs(reader.get(), frame, name, nullptr); }));
 }
 
 }  // namespace python_host

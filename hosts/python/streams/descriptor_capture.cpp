@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
 
 #include "hosts/python/errors.h"
 
@@ -66,9 +67,18 @@ DescriptorCapture::~DescriptorCapture() {
         return;
     }
     std::fflush(buffer_);
-    redirect(descriptor_, original_);
+    if (!isRestored_) {
+        redirect(descriptor_, original_);
+    }
     close(original_);
     close(captured_);
+}
+
+void DescriptorCapture::endBelow(DescriptorCapture& later) noexcept {
+    if (original_ >= 0 && later.original_ >= 0) {
+        std::swap(original_, later.original_);
+        isRestored_ = true;
+    }
 }
 
 std::string DescriptorCapture::take() {

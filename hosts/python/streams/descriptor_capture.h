@@ -20,11 +20,15 @@ public:
     /// What was written since the last time, as the bytes that they are.
     std::string take();
 
+    /// Lets a later guard, which took this one's file for the original, put the original back in its stead.
+    void endBelow(DescriptorCapture& later) noexcept;
+
 private:
     int descriptor_;
     std::FILE* buffer_;
     int original_ = -1;  ///< -1 when nothing is diverted
     int captured_ = -1;
+    bool isRestored_ = false;  ///< a later guard is to put the original back
     long taken_ = 0;
 };
 

@@ -4,8 +4,8 @@
 
 namespace {
 
-/// Under the GIL.
-qxErrorMode currentMode = static_cast<qxErrorMode>(0);
+/// Each thread's own: two threads that save and restore it in turn would leave it as neither found it.
+thread_local qxErrorMode currentMode = static_cast<qxErrorMode>(0);
 
 }  // namespace
 

@@ -1,42 +1,34 @@
 #include "hosts/python/streams/output_capture.h"
 
 #include "hosts/python/errors.h"
-#include "hosts/python/namespaces/live_modules.h"
+#include "hosts/python/streams/diverted_stream.h"
+#include "hosts/python/streams/stream_pile.h"
 
 namespace python_host {
 
 namespace {
 
-/// The text in memory is always there, in the compiled module; an import would go through a hook of the user's.
-Ref makeSink() {
-    static PyObject* const name = PyUnicode_InternFromString("StringIO");
-    const Ref type = Ref::share(findInModule("_io", name));
-    if (!type || !PyType_Check(type.get())) {
-        throw PythonFailure("there is no stream in memory");
-    }
-    return Ref::steal(orThrow(PyObject_CallNoArgs(type.get())));
-}
-
-/// Null removes the name, as it was when there was none before.
-void setStream(const char* name, PyObject* stream) noexcept {
-    if (PySys_SetObject(name, stream) != 0) {
-        PyErr_Clear();
-    }
+void end(StreamPile& pile, PyObject* standIn) noexcept {
+    pile.reinstate(standIn);
+    pile.remove(standIn);
 }
 
 }  // namespace
 
-OutputCapture::OutputCapture()
-    : output_(Ref::share(PySys_GetObject("stdout"))), errors_(Ref::share(PySys_GetObject("stderr"))) {
-    const Ref sink = makeSink();
-    setStream("stdout", sink.get());
-    setStream("stderr", sink.get());
+OutputCapture::OutputCapture() : output_(makeDivertedStream({})), errors_(makeDivertedStream({})) {
+    StreamPile::output().put(output_);
+    try {
+        StreamPile::errors().put(errors_);
+    } catch (...) {
+        end(StreamPile::output(), output_.get());
+        throw;
+    }
 }
 
 OutputCapture::~OutputCapture() {
     const PendingErrorGuard pending;
-    setStream("stdout", output_.get());
-    setStream("stderr", errors_.get());
+    end(StreamPile::output(), output_.get());
+    end(StreamPile::errors(), errors_.get());
 }
 
 }  // namespace python_host

@@ -5,10 +5,10 @@
 
 namespace python_host {
 
-/// For the life of the guard, `sys.stdout` and `sys.stderr` are a text in memory that nobody reads.
+/// For the life of the guard, nobody reads what this thread writes to `sys.stdout` and `sys.stderr`.
 class OutputCapture {
 public:
-    /// Throws when no stand-in can be made.
+    /// Throws, with nothing changed, when no stand-in can be made.
     OutputCapture();
     OutputCapture(const OutputCapture&) = delete;
     OutputCapture& operator=(const OutputCapture&) = delete;

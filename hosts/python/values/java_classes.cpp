@@ -10,8 +10,10 @@
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/errors.h"
 #include "hosts/python/folders/live_paths.h"
+#include "hosts/python/keys.h"
 #include "hosts/python/namespaces/live_modules.h"
 #include "hosts/python/python_text.h"
+#include "hosts/python/running_code.h"
 
 namespace python_host {
 
@@ -41,8 +43,7 @@ bool isMachineRunning() {
 
 /// The classes that derive from a class directly, as the interpreter itself remembers them.
 Ref subclassesOf(PyTypeObject* type) {
-    static PyObject* const name = PyUnicode_InternFromString("__subclasses__");
-    PyObject* method = findItem(PyType_Type.tp_dict, name);
+    PyObject* method = findItem(PyType_Type.tp_dict, keys().subclasses);
     const bool isItself = method != nullptr && Py_TYPE(method) == &PyMethodDescr_Type;
     return isItself ? orNothingUnlessInterrupted(PyObject_CallOneArg(method, asObject(type))) : Ref();
 }
@@ -102,7 +103,9 @@ bool looksLikePlatformClass(std::string_view name) {
 Ref loadPlatformClass(std::string_view name) {
     const Ref load = bridgeFunction("_getClass");
     const Ref text = Ref::steal(makeText(name));
-    Ref cls = load && text ? orNothingUnlessInterrupted(PyObject_CallOneArg(load.get(), text.get())) : Ref();
+    Ref cls = load && text
+                  ? orNothingUnlessInterrupted(runCode([&] { return PyObject_CallOneArg(load.get(), text.get()); }))
+                  : Ref();
     return cls && PyType_Check(cls.get()) && isJavaClass(asType(cls.get())) ? cls : Ref();
 }
 

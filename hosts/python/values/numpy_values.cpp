@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "hosts/python/dictionaries.h"
+#include "hosts/python/keys.h"
 #include "hosts/python/namespaces/live_modules.h"
 #include "hosts/python/values/callables.h"
 
@@ -20,8 +21,7 @@ namespace python_host {
 namespace {
 
 void** readApi() {
-    static PyObject* const name = PyUnicode_InternFromString("_ARRAY_API");
-    PyObject* capsule = findInModule("numpy.core._multiarray_umath", name);
+    PyObject* capsule = findInModule("numpy.core._multiarray_umath", keys().arrayApi);
     if (capsule == nullptr || !PyCapsule_CheckExact(capsule)) {
         return nullptr;
     }

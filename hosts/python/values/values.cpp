@@ -168,8 +168,10 @@ namespace python_host {
 
 qxUniqueArray wrap(PyObject* object) {
     const PendingErrorGuard pending;
+    // First of all: what waits may have finalisers, and they may drop what holds a borrowed object.
+    Ref keep = Ref::share(object);
     releaseWaitingObjects();
-    return qxUniqueArray(new qxArray(Ref::share(object)));
+    return qxUniqueArray(new qxArray(std::move(keep)));
 }
 
 PyObject* unwrap(const qxArray* value) noexcept { return value->object(); }
