@@ -9,7 +9,7 @@ source scripts/setup.sh
 need_packages "${build_packages[@]}" "${session_packages[@]}" "${ipython_packages[@]}" "${kernel_packages[@]}" \
   "${package_packages[@]}" \
   libgtest-dev libgmock-dev libbenchmark-dev python3-pytest python3-pydantic python3-traitlets python3-jpype \
-  openjdk-17-jre-headless binutils git
+  openjdk-17-jre-headless binutils git doxygen
 left_out=(-LE browser)
 if [ "${1:-}" != quick ]; then
   need_packages clang clang-format clang-tidy libclang-rt-14-dev valgrind "${browser_packages[@]}"

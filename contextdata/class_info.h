@@ -94,8 +94,10 @@ public:
 
     /// Whether this is the class of that id or name, or derives from it. Names are compared exactly, with the form that
     /// `getClass` shows. The null id and the empty name are those of an unknown class. Any thread.
+    /// @{
     virtual bool isA(const zelk::COSInternedID& id) const;
     virtual bool isA(const std::u16string& name) const;
+    /// @}
 
     /// The access list of those who are nobody in particular: the public code alone. The same object at every call.
     virtual const std::vector<std::int32_t>& getDefaultAccessibility() const;
@@ -108,7 +110,10 @@ public:
     std::vector<PropertyInfo> getProperties(const std::vector<std::int32_t>& access,
                                             const ClassInfo* accessingClass) const;
 
+    /// The name as the constructor found it; empty for an unknown class. Any thread; borrowed from the object.
     const std::u16string& getClass() const noexcept { return structure_.className; }
+
+    /// Name, identity and superclasses as they were when the object was made. Any thread; borrowed from the object.
     const ClassStructureInfo& getSuperclassInfo() const noexcept { return structure_; }
 
 protected:
@@ -116,9 +121,12 @@ protected:
     ClassInfo();
 
     /// What the superclasses contribute: each is asked in order, without the first private code of the access list.
+    /// @{
     std::vector<MethodInfo> getMethodsOfSuperclasses(const MethodInfo::GetOptions& options) const;
     std::vector<PropertyInfo> getPropertiesOfSuperclasses(const PropertyInfo::GetOptions& options) const;
+    /// @}
 
+    /// What is known of the class itself; a derived class that fills it leaves no superclass null.
     ClassStructureInfo structure_;
 
 private:

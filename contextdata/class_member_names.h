@@ -21,31 +21,41 @@
 namespace ZELKContextData {
 
 /// Public listable methods, static or not.
+/// @{
 CONTEXTDATA_API bool getClassMethodNames(const std::u16string& className, std::vector<std::u16string>& names,
                                          bool& flag);
 CONTEXTDATA_API bool getClassMethodNames(const ResolvedClassID& cls, std::vector<std::u16string>& names, bool& flag);
+/// @}
 
 /// Public listable methods that are static.
+/// @{
 CONTEXTDATA_API bool getClassStaticMethodNames(const std::u16string& className, std::vector<std::u16string>& names,
                                                bool& flag);
 CONTEXTDATA_API bool getClassStaticMethodNames(const ResolvedClassID& cls, std::vector<std::u16string>& names,
                                                bool& flag);
+/// @}
 
 /// Listable properties that everybody may read or assign.
+/// @{
 CONTEXTDATA_API bool getClassPropertyNames(const std::u16string& className, std::vector<std::u16string>& names,
                                            bool& flag);
 CONTEXTDATA_API bool getClassPropertyNames(const ResolvedClassID& cls, std::vector<std::u16string>& names, bool& flag);
+/// @}
 
 /// The constants among them.
+/// @{
 CONTEXTDATA_API bool getClassConstantPropertyNames(const std::u16string& className, std::vector<std::u16string>& names,
                                                    bool& flag);
 CONTEXTDATA_API bool getClassConstantPropertyNames(const ResolvedClassID& cls, std::vector<std::u16string>& names,
                                                    bool& flag);
+/// @}
 
 /// Enumeration members that are not hidden, in the class's order.
+/// @{
 CONTEXTDATA_API bool getClassEnumerationNames(const std::u16string& className, std::vector<std::u16string>& names,
                                               bool& flag);
 CONTEXTDATA_API bool getClassEnumerationNames(const ResolvedClassID& cls, std::vector<std::u16string>& names,
                                               bool& flag);
+/// @}
 
 }  // namespace ZELKContextData

@@ -1,6 +1,7 @@
 // Marks the library's public interface; everything else is hidden.
 #pragma once
 
+/// Marks what users of the library may call.
 #define CONTEXTDATA_API __attribute__((visibility("default")))
 
 /// Keeps a private member of a public class inside.

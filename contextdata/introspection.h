@@ -68,8 +68,10 @@ CONTEXTDATA_API bool hasMethod(const std::u16string& className, const std::strin
 
 /// Whether the defined class of a value has a method, or a property, of that name. As `getCOSClass` of a value;
 /// the member look-up is not guarded.
+/// @{
 CONTEXTDATA_API bool hasMethod(const qxArray* value, const std::string& methodName);
 CONTEXTDATA_API bool hasProperty(const qxArray* value, const std::string& propertyName);
+/// @}
 
 /// Whether no method name of a value may be completed after a dot: its class is, or derives from, one of a fixed list
 /// (`getNoDotMethodClassesExcludeSet`), which holds the class by which authors opt out. False for null. Not guarded.

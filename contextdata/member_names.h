@@ -23,9 +23,11 @@ struct DesiredPropertyAttributes {
 };
 
 /// Properties that may be assigned, that may be read, and that may be one or the other.
+/// @{
 CONTEXTDATA_API extern const DesiredPropertyAttributes leftHandSideDesiredPropertyAttributes;
 CONTEXTDATA_API extern const DesiredPropertyAttributes rightHandSideDesiredPropertyAttributes;
 CONTEXTDATA_API extern const DesiredPropertyAttributes eitherSideDesiredPropertyAttributes;
+/// @}
 
 /// Appends the names of the public methods of a class, constructors left out, each name once.
 ///

@@ -37,6 +37,7 @@ public:
     virtual void visit(zelk::COSInterfacePtr handle, zelk::COSMethodInfo* method);
 
 protected:
+    /// Forgets what was collected and keeps the options.
     void clear();
 
     /// Whether the asking class, or a class that it derives from, is on the method's access list.

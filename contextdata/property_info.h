@@ -18,7 +18,7 @@ struct CONTEXTDATA_API PropertyInfo {
         std::vector<std::int32_t> accessibility = {0};   ///< access codes that are always visible
         std::vector<std::int32_t> accessKinds = {0, 1};  ///< which accesses are tested: 0 reading, 1 writing
         const ClassInfo* accessingClass = nullptr;       ///< whose code asks; borrowed, null for nobody's
-        bool includeHidden = false;
+        bool includeHidden = false;                      ///< properties that their authors hide
     };
 
     /// Turns the sizes of a property's validation into numbers, one for each.
@@ -35,7 +35,7 @@ struct CONTEXTDATA_API PropertyInfo {
         convertedText = 2,  ///< at least one was converted to the type "any" first
     };
 
-    std::u16string name;
+    std::u16string name;  ///< without its class
     /// The class that values must have: the one that the validation names, else the identifier of the data type. Empty
     /// when none is declared.
     std::u16string typeName;
@@ -46,8 +46,8 @@ struct CONTEXTDATA_API PropertyInfo {
     bool readFlag = false;                   ///< nobody can assign the property
     bool hasCustomGetter = false;            ///< reading it runs code of its author, or may do so
     bool extendedFlag = false;               ///< objects hold a value of it; true when that is not known
-    std::int32_t valueKind = noValues;
-    std::vector<std::u16string> values;  ///< the only admissible values; empty when others are admitted
+    std::int32_t valueKind = noValues;       ///< a `ValueKind`
+    std::vector<std::u16string> values;      ///< the only admissible values; empty when others are admitted
 };
 
 }  // namespace ZELKContextData

@@ -42,6 +42,7 @@ public:
     virtual void visit(zelk::COSInterfacePtr handle, zelk::COSPropInfo* property);
 
 protected:
+    /// Forgets what was collected and keeps the options.
     void clear();
 
     /// Whether the asking class, or a class that it derives from, is on one of the property's access lists, for

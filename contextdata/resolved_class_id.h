@@ -23,7 +23,7 @@ class CONTEXTDATA_API ResolvedClassID {
 public:
     /// Where the debugger is; `fileName` is empty when it is nowhere.
     struct DebuggerFocus {
-        std::u16string fileName;
+        std::u16string fileName;          ///< empty without a focus
         std::int32_t focusPosition1 = 0;  ///< as the interpreter reports it; zero without a focus
         std::int32_t focusPosition2 = 0;  ///< as the interpreter reports it; zero without a focus
     };
@@ -49,24 +49,32 @@ public:
     explicit ResolvedClassID(const qxArray* value);
 
     /// Take a name for canonical as it stands: no resolution, no check. Empty gives null.
+    /// @{
     static ResolvedClassID fromKnownResolvedClassID(const zelk::COSInternedID& id) noexcept;
     static ResolvedClassID fromKnownResolvedClassID(const std::string& name);
     static ResolvedClassID fromKnownResolvedClassID(const std::u16string& name);
+    /// @}
 
     /// The identity of the defined class that a name, perhaps of an older form, denotes.
     ///
     /// Throws `BadClassNameException` when there is none; host failures and the interrupt pass.
+    /// @{
     static ResolvedClassID fromLegacyString(const std::string& name);
     static ResolvedClassID fromLegacyString(const std::u16string& name);
+    /// @}
 
     /// Whether a name carries a software-package qualification already. Interns nothing.
+    /// @{
     static bool isAlreadyResolved(const std::string& name);
     static bool isAlreadyResolved(const std::u16string& name);
+    /// @}
 
     /// The debugger's focus; empty when there is no interpreter or when the debugger is not stopped.
     static DebuggerFocus GetDebuggerFocus();
 
+    /// The canonical name; the empty handle for null. Any thread.
     const zelk::COSInternedID& get() const noexcept { return id_; }
+    /// Whether it names no class. Any thread.
     bool isNull() const noexcept { return id_.isEmpty(); }
 
     /// The full name with its software-package qualification; empty for null.
@@ -85,6 +93,7 @@ private:
 class CONTEXTDATA_API ResolvedClassID::BadClassNameException final
     : public foundation::core::except::IInternalException {
 public:
+    /// `badClassName` is what `getBadClassName` answers.
     explicit BadClassNameException(std::string badClassName);
     BadClassNameException(const BadClassNameException& other);
     BadClassNameException(BadClassNameException&& other) noexcept;

@@ -36,8 +36,10 @@ CONTEXTDATA_API qxSharedArray makeSharedPtr(qxArray* value);
 CONTEXTDATA_API bool isObjectOrIsOpaque(const qxArray* value);
 
 /// Append what the value's own "methods" or "properties" function answers; nothing when it fails. Never throw.
+/// @{
 CONTEXTDATA_API void getOpaqueObjectMethods(const qxArray* value, std::vector<std::u16string>& names);
 CONTEXTDATA_API void getOpaqueObjectProperties(const qxArray* value, std::vector<std::u16string>& names);
+/// @}
 
 /// The names of the documented built-in functions. Catches nothing.
 CONTEXTDATA_API std::unordered_set<std::u16string> getBuiltinFunctionNames();

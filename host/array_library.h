@@ -48,16 +48,21 @@ enum class qxArrayScope : std::int32_t {
 /// Gives up one owner's claim on a value; the last one destroys it. Null is allowed and does nothing.
 CONTEXTDATA_HOST_API void qxDestroyArray(qxArray* value) noexcept;
 
+/// Lets a standard pointer own a value: it destroys through the host. Any number may own claims on one value.
 struct qxArrayDeleter {
+    /// `value` may be null. Never throws.
     void operator()(qxArray* value) const noexcept { qxDestroyArray(value); }
 };
 
 /// Sole owner of a value.
 using qxUniqueArray = std::unique_ptr<qxArray, qxArrayDeleter>;
 
-/// The host's own count, which shared handles use. A value that an owner holds starts with one reference.
+/// The host's own count, which shared handles use. A value that an owner holds starts with one reference. `value` is
+/// not null; the last release destroys it.
+/// @{
 CONTEXTDATA_HOST_API void intrusive_ptr_add_ref(const qxArray* value) noexcept;
 CONTEXTDATA_HOST_API void intrusive_ptr_release(const qxArray* value) noexcept;
+/// @}
 
 /// Shared owner of a value that nobody changes.
 using qxSharedArray = boost::intrusive_ptr<const qxArray>;
@@ -76,12 +81,17 @@ CONTEXTDATA_HOST_API const char* qxGetClassName(const qxArray* value);
 /// Whether the value is of the named class or of a subclass.
 CONTEXTDATA_HOST_API bool qxIsA(const qxArray* value, const char* className);
 
+/// Whether a value has no element. Of an object the host's own shape counts: no method of its class is called.
 CONTEXTDATA_HOST_API bool qxIsEmpty(const qxArray* value);
+
+/// The product of the extents.
 CONTEXTDATA_HOST_API std::size_t qxGetNumberOfElements(const qxArray* value);
 
-/// The value's own shape: `qxGetNumberOfDimensions` extents, borrowed until the value is destroyed.
+/// The value's own shape: `qxGetNumberOfDimensions` extents, borrowed until the value is destroyed. At least two.
+/// @{
 CONTEXTDATA_HOST_API std::size_t qxGetNumberOfDimensions(const qxArray* value);
 CONTEXTDATA_HOST_API const std::size_t* qxGetDimensions(const qxArray* value);
+/// @}
 
 /// The element of a cell at a position in storage order, borrowed from the cell; null for an element that was
 /// never set. `index` is below the element count.
@@ -92,9 +102,11 @@ CONTEXTDATA_HOST_API const qxArray* qxGetCell(const qxArray* cell, std::size_t i
 CONTEXTDATA_HOST_API qxSharedArray qxGetField(const qxArray* value, std::size_t index, const char* name);
 
 /// The fields of a structure: how many, and the name of each, ASCII, borrowed until the structure is destroyed. Zero
-/// for a value that has none.
+/// for a value that has none. `number` is below the count.
+/// @{
 CONTEXTDATA_HOST_API std::size_t qxGetNumberOfFields(const qxArray* value);
 CONTEXTDATA_HOST_API const char* qxGetFieldNameByNumber(const qxArray* value, std::size_t number);
+/// @}
 
 /// Whether a value has exactly one element.
 CONTEXTDATA_HOST_API bool qxIsScalar(const qxArray* value);

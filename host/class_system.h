@@ -53,6 +53,7 @@ public:
 /// A walk over nodes in the class system's own order.
 class COSIterator : public COSReferenceCounted {
 public:
+    /// Asking takes nothing and may be repeated.
     virtual bool hasMoreElements() = 0;
     /// The next node, never empty. Throws `ENoElements` when there is none left.
     virtual COSInterfacePtr nextElement() = 0;
@@ -67,8 +68,9 @@ using COSIteratorPtr = boost::intrusive_ptr<COSIterator>;
 /// A walk over interned ids in the class system's own order.
 class COSIDIterator : public COSReferenceCounted {
 public:
+    /// Asking takes nothing and may be repeated.
     virtual bool hasMoreElements() = 0;
-    /// Throws `ENoElements` when there is none left.
+    /// The next id. Throws `ENoElements` when there is none left.
     virtual COSInternedID nextElement() = 0;
 
 protected:
@@ -97,12 +99,15 @@ using COSAccessList = std::span<const COSInternedID>;
 /// A method as the class system describes it.
 class COSMethodInfo {
 public:
+    /// The name without its class, a text of the intern table.
     virtual const char* getName() const = 0;
+    /// Whether the method is called on the class and not on an object. Of a namespace's function nobody asks it.
     virtual bool isStatic() const = 0;
     /// Whether the author lets the method be listed. The name lists of the library offer listable methods only.
     virtual bool isListable() const = 0;
     /// The access code; `publicAccess` for everybody.
     virtual std::int32_t getAccess() const = 0;
+    /// Who may use the method whatever the code says; empty for nobody in particular. Borrowed from the node.
     virtual COSAccessList getAccessList() const = 0;
     /// How the author shows the method to those who ask for records of methods. A hidden one is no record, yet hides
     /// the methods of its name that the class inherits.
@@ -149,7 +154,9 @@ protected:
 /// A property as the class system describes it.
 class COSPropInfo {
 public:
+    /// The name without its class, a text of the intern table.
     virtual const char* getName() const = 0;
+    /// The code of reading; `publicAccess` for everybody.
     virtual std::int32_t getGetAccess() const = 0;
     /// The set-access code; `constantSetAccess` marks a constant.
     virtual std::int32_t getSetAccess() const = 0;
@@ -157,8 +164,12 @@ public:
     virtual bool isListable() const = 0;
     /// Empty when no type is declared.
     virtual COSDataTypePtr getDataType() const = 0;
+    /// Who may read, and who may assign, whatever the codes say; empty for nobody in particular. Borrowed from the
+    /// node.
+    /// @{
     virtual COSAccessList getGetAccessList() const = 0;
     virtual COSAccessList getSetAccessList() const = 0;
+    /// @}
     /// As for methods, save that a hidden property is a record, kept apart.
     virtual std::int32_t getVisibility() const = 0;
     /// Whether nobody at all can assign the property, the class that declares it included.
@@ -175,7 +186,9 @@ protected:
 /// A member of an enumeration.
 class COSEnumInfo {
 public:
+    /// The name without its class, a text of the intern table.
     virtual const char* getName() const = 0;
+    /// Whether the author keeps the member out of listings. Walks show hidden members; those who list leave them out.
     virtual bool isHidden() const = 0;
 
 protected:
@@ -198,6 +211,7 @@ public:
 
     /// The canonical interned name.
     virtual COSInternedID getID() const = 0;
+    /// The canonical name; of a class as an element of a namespace, the name that a listing shows.
     virtual const char* getName() const = 0;
 
     /// Whether the author keeps the class out of listings.
@@ -233,8 +247,10 @@ public:
 
     /// The same walks over the members that the class itself declares. A host that cannot tell them apart may show
     /// inherited ones as well, at the cost of a deep class being walked once for every class that it derives from.
+    /// @{
     virtual void visitDeclaredMethods(COSVisitor<COSInterface*>& visitor) { visitMethods(visitor); }
     virtual void visitDeclaredProperties(COSVisitor<COSInterface*>& visitor) { visitProperties(visitor); }
+    /// @}
 
     /// The enumeration members in the class's order.
     virtual COSIteratorPtr getEnumerationMembers() = 0;
@@ -242,10 +258,12 @@ public:
     /// The names of the attributes that may be written where the class, or a class that derives from it, is declared:
     /// on the class itself, on its properties, on its methods, on its events. `names` is filled anew; repeats are
     /// allowed. `includeHidden` asks for those, too, that the class system does not advertise.
+    /// @{
     virtual void getClassAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
     virtual void getPropertyAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
     virtual void getMethodAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
     virtual void getEventAttributeNames(bool includeHidden, std::vector<std::string>& names) const = 0;
+    /// @}
 
 protected:
     ~COSClass() = default;
@@ -254,10 +272,15 @@ protected:
 /// A namespace: its classes, functions (viewed as methods) and inner namespaces, each in the host's order.
 class COSNamespace {
 public:
+    /// The name that listings show, a text of the intern table.
     virtual const char* getName() const = 0;
+    /// Walks over what the namespace holds: over nodes with the view of a class, of a method, of a namespace. Each call
+    /// begins a walk of its own; an empty handle is a walk over nothing.
+    /// @{
     virtual COSIteratorPtr getClasses() = 0;
     virtual COSIteratorPtr getFunctions() = 0;
     virtual COSIteratorPtr getNamespaces() = 0;
+    /// @}
 
 protected:
     ~COSNamespace() = default;
@@ -271,11 +294,13 @@ struct COSPackage {
 };
 
 /// The views of a node: null when `node` is null or is of another kind; borrowed from the node. Never throw.
+/// @{
 CONTEXTDATA_HOST_API COSMethodInfo* cosiToMethod(COSInterface* node) noexcept;
 CONTEXTDATA_HOST_API COSPropInfo* cosiToProp(COSInterface* node) noexcept;
 CONTEXTDATA_HOST_API COSEnumInfo* cosiToEnum(COSInterface* node) noexcept;
 CONTEXTDATA_HOST_API COSClass* cosiToClass(COSInterface* node) noexcept;
 CONTEXTDATA_HOST_API COSNamespace* cosiToNamespace(COSInterface* node) noexcept;
+/// @}
 
 /// The class that declares a member; null for a node that is no member of a class (a namespace's function).
 /// Borrowed from the registry.

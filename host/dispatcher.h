@@ -13,8 +13,10 @@
 /// valid until control returns to the interpreter.
 class FunctionScope;
 
+/// The way from the library to the parts of a session. Every operation may throw any host failure or the interrupt.
 class Dispatcher {
 public:
+    /// The one dispatcher of the process, borrowed for its life.
     CONTEXTDATA_HOST_API static Dispatcher& getDispatcher();
 
     /// The scope of the code of a file; null when the host knows none. An empty name has none.
@@ -24,8 +26,10 @@ public:
     virtual FunctionScope* GetCurrentlyExecutingFunctionScope() = 0;
 
     /// The working folder and the search path; the host keeps them for the life of the process.
+    /// @{
     virtual const ICurrentFolder& GetCurrentWorkingFolder() = 0;
     virtual const ISearchPath& GetCurrentPath() = 0;
+    /// @}
 
     /// The object system; the host keeps it for the life of the process.
     virtual ObjectSystem& getObjectSystem() = 0;

@@ -15,7 +15,7 @@ namespace vfs {
 
 /// A place in the virtual file system, by the host's own identifier. A plain value.
 struct Location {
-    std::u16string iri;
+    std::u16string iri;  ///< of any form; the library hands it back unread
 };
 
 /// The last part of a location's name.
@@ -35,6 +35,7 @@ CONTEXTDATA_HOST_API std::u16string GetStringFromIRI(const Location& location);
 /// A folder that knows where it is.
 class IFolder {
 public:
+    /// Where it is at this moment.
     virtual vfs::Location getLocation() const = 0;
 
 protected:
@@ -59,6 +60,7 @@ class IPathEntry {
 public:
     virtual ~IPathEntry() = default;
 
+    /// Where the entry itself lies.
     virtual vfs::Location getLocation() const = 0;
 
     /// The folder of that name which lies in the entry, or which the entry is; empty when there is none.
@@ -86,11 +88,15 @@ protected:
 
 /// What the file system says about a path.
 struct FileStatus {
-    bool exists = false;
-    bool isDirectory = false;
+    bool exists = false;       ///< false also for a path that cannot be looked at
+    bool isDirectory = false;  ///< only what exists is one
 };
 
+/// What the file system says about a path, as `vfs::GetStringFromIRI` gives it. Nothing there is an answer, not a
+/// failure.
 CONTEXTDATA_HOST_API FileStatus status(const std::u16string& path);
+
+/// Whether a status is that of a folder.
 inline bool is_directory(const FileStatus& status) noexcept { return status.isDirectory; }
 
 /// Appends the names of the entries that match a pattern, itself and its parent left out.

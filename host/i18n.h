@@ -27,7 +27,9 @@ public:
 /// Widens ASCII. With `refuse` set it throws `ConversionException` on anything else; without it, it substitutes.
 class codecvt_ascii_to_ustring {
 public:
+    /// `refuse`: whether what cannot be converted is an error.
     explicit constexpr codecvt_ascii_to_ustring(bool refuse) noexcept : refuse_(refuse) {}
+    /// As it was told.
     constexpr bool refuses() const noexcept { return refuse_; }
 
 private:
@@ -37,7 +39,9 @@ private:
 /// Narrows to ASCII; `refuse` as above.
 class codecvt_ustring_to_ascii {
 public:
+    /// `refuse`: whether what cannot be converted is an error.
     explicit constexpr codecvt_ustring_to_ascii(bool refuse) noexcept : refuse_(refuse) {}
+    /// As it was told.
     constexpr bool refuses() const noexcept { return refuse_; }
 
 private:
@@ -47,7 +51,9 @@ private:
 /// Narrows to the host's 8-bit encoding; `refuse` as above.
 class codecvt_ustring_to_string {
 public:
+    /// `refuse`: whether what cannot be converted is an error.
     explicit constexpr codecvt_ustring_to_string(bool refuse) noexcept : refuse_(refuse) {}
+    /// As it was told.
     constexpr bool refuses() const noexcept { return refuse_; }
 
 private:
@@ -55,13 +61,17 @@ private:
 };
 
 /// UTF-16 to the host's 8-bit encoding, by the default conversion. Invalid text (a lone surrogate) may be
-/// substituted or refused with `ConversionException`.
+/// substituted or refused with `ConversionException`. A converter says which of the two, and may narrow to ASCII.
+/// @{
 CONTEXTDATA_HOST_API std::string to_string(std::u16string_view text);
 CONTEXTDATA_HOST_API std::string to_string(std::u16string_view text, const codecvt_ustring_to_ascii& converter);
 CONTEXTDATA_HOST_API std::string to_string(std::u16string_view text, const codecvt_ustring_to_string& converter);
+/// @}
 
-/// The host's 8-bit encoding to UTF-16.
+/// The host's 8-bit encoding to UTF-16. Bytes that are no text of that encoding are substituted or refused as above.
+/// @{
 CONTEXTDATA_HOST_API std::u16string to_ustring(std::string_view text);
 CONTEXTDATA_HOST_API std::u16string to_ustring(std::string_view text, const codecvt_ascii_to_ustring& converter);
+/// @}
 
 }  // namespace fl::i18n

@@ -14,6 +14,7 @@ namespace internal {
 
 /// The text that the empty handle shows.
 struct IdEmptyPolicy {
+    /// Permanent, never null.
     static constexpr const char* text() noexcept { return ""; }
 };
 
@@ -39,9 +40,11 @@ public:
     /// The zero-terminated name; the policy's text for the empty handle. Never null.
     constexpr const char* c_str() const noexcept { return isEmpty() ? EmptyPolicy::text() : text_; }
 
+    /// The same as a view; permanent as well.
     constexpr std::string_view view() const noexcept { return c_str(); }
 
     friend constexpr bool operator==(COSInternedBase, COSInternedBase) noexcept = default;
+    /// The order of addresses, for sorted containers.
     friend constexpr std::strong_ordering operator<=>(COSInternedBase left, COSInternedBase right) noexcept {
         return std::compare_three_way{}(left.text_, right.text_);
     }

@@ -21,6 +21,7 @@ protected:
     ~IInterpreterBridge() = default;
 };
 
+/// Where the bridge to the interpreter is found.
 class IInterpreter {
 public:
     /// The bridge, borrowed for the life of the process; null when there is no interpreter to ask.

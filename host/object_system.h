@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+/// Numbers for the classes of all object systems, and what the host knows by them.
 class ObjectSystem {
 public:
     /// The number of a class by its full name, ASCII; the number of no class (0) for an unknown name.

@@ -12,6 +12,7 @@
 class OutputSink {
 public:
     virtual ~OutputSink() = default;
+    /// Takes a piece of the text, however it is cut.
     virtual void write(std::u16string_view text) = 0;
 
 protected:
@@ -27,6 +28,7 @@ public:
     ~OutputCapture() override;
 
     void write(std::u16string_view text) override;
+    /// All that was written, borrowed until the next piece comes.
     const std::u16string& getText() const noexcept;
 
 private:
@@ -37,8 +39,10 @@ private:
 class OutputStream {
 public:
     /// The two streams live as long as the process. May throw any host failure.
+    /// @{
     CONTEXTDATA_HOST_API static OutputStream& standardOutput();
     CONTEXTDATA_HOST_API static OutputStream& standardError();
+    /// @}
 
     /// Diverts the stream to a sink, which the stream keeps alive until it is popped. When it throws, nothing has been
     /// diverted.

@@ -13,6 +13,7 @@
 /// "MustBeStringScalarOrCharacterVector" for anything else that is no text. Both are permanent texts.
 class CONTEXTDATA_HOST_API TextException : public foundation::core::except::IException {
 public:
+    /// `identifier` is one of the two, and permanent.
     explicit TextException(const char* identifier);
     TextException(const TextException& other);
     TextException& operator=(const TextException& other);
@@ -21,8 +22,11 @@ public:
     const boost::exception_detail::clone_base* clone() const override;
     [[noreturn]] void rethrow() const override;
 
+    /// Permanent, zero-terminated, never null.
+    /// @{
     const char* getComponent() const noexcept;
     const char* getIdentifier() const noexcept;
+    /// @}
 
 private:
     const char* identifier_;

@@ -1,15 +1,9 @@
 // The dispatcher leads to the rest: scopes, folders, classes by number, documented functions. It knows of none yet.
 #include "host/dispatcher.h"
 
-namespace {
+#include "object_system.h"
 
-/// The number 0 is that of no class.
-class NoClasses final : public ObjectSystem {
-public:
-    std::int32_t getClassNumber(const std::string& /*className*/) override { return 0; }
-    bool isDerivedFrom(std::int32_t /*cls*/, std::int32_t /*base*/) override { return false; }
-    bool hasPrecedenceOver(std::int32_t /*cls*/, std::int32_t /*other*/) override { return false; }
-};
+namespace {
 
 /// Nowhere: a location without an identifier, whose path is no folder.
 class Nowhere final : public ICurrentFolder, public IFolder {
@@ -29,11 +23,10 @@ public:
     FunctionScope* GetCurrentlyExecutingFunctionScope() override { return nullptr; }
     const ICurrentFolder& GetCurrentWorkingFolder() override { return folder_; }
     const ISearchPath& GetCurrentPath() override { return path_; }
-    ObjectSystem& getObjectSystem() override { return classes_; }
+    ObjectSystem& getObjectSystem() override { return template_host::objectSystem(); }
     std::vector<std::u16string> getDocumentedBuiltins() override { return {}; }
 
 private:
-    NoClasses classes_;
     Nowhere folder_;
     EmptyPath path_;
 };

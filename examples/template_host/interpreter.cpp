@@ -2,12 +2,7 @@
 #include "host/interpreter.h"
 
 #include "failure.h"
-#include "host/error_mode.h"
 #include "host/evaluation.h"
-#include "host/feature.h"
-#include "host/function_metadata.h"
-
-IInterpreterBridge* IInterpreter::GetInterpreterBridge() { return nullptr; }
 
 bool inValidInterpreterAvailable() { return false; }
 inExecutionStatus inEvalExp(const std::u16string& /*expression*/, int /*outputCount*/, qxArray** /*outputs*/,
@@ -34,18 +29,3 @@ int inCallFcnWithTrap(int /*outputCount*/, qxArray** /*outputs*/, int /*inputCou
 qxArray* inCallMethodSingleInputSingleOutput(const qxArray* /*value*/, const char* methodName) {
     template_host::missing(methodName);
 }
-
-std::tuple<qxUniqueArray, qxUniqueArray, FunctionScope*> omGetFunctionMetadata(const std::string& /*functionName*/,
-                                                                               const FunctionScope* /*scope*/) {
-    return {nullptr, nullptr, nullptr};
-}
-
-// Whether class names mean what the file that mentions them says. On, once `omResolveAnyClass` knows scopes.
-bool ComponentFeature::IsOn() { return false; }
-
-// What becomes of errors that your array library meets. Until there are any, it is enough to remember.
-namespace {
-qxErrorMode errorMode{};
-}
-qxErrorMode getErrorMode() { return errorMode; }
-void setErrorMode(qxErrorMode mode) noexcept { errorMode = mode; }

@@ -1,4 +1,4 @@
-// Interned names, conversions between 8 and 16 bits, and names as people write them.
+// Interned names, conversions between 8 and 16 bits, and where a name ends in what people type.
 //
 // Names are ASCII here. Where yours go further, convert both ways without loss; where you have a name table already,
 // let `makeInterned` ask it.
@@ -6,9 +6,9 @@
 #include <set>
 #include <string>
 
+#include "host/array_library.h"
 #include "host/i18n.h"
 #include "host/interned.h"
-#include "host/name_resolution.h"
 
 zelk::COSInternedID zelk::internal::makeInterned(std::string_view name) {
     // Any thread may come, and an entry stays where it is until the process ends: so both are never destroyed.
@@ -67,13 +67,14 @@ std::u16string to_ustring(std::string_view text, const codecvt_ascii_to_ustring&
 
 }  // namespace fl::i18n
 
-namespace zelk::nameresolution {
+// What a name is, in the language of your session.
 
-// No name denotes a class yet: ask what your language says about imports and the file that the scope stands for.
-std::string omResolveAnyClass(const std::string& /*name*/, const FunctionScope* /*scope*/) { return {}; }
-
-// No name carries a software-package qualification: there may be none in your language, and then this stays.
-std::string getBaseClassNameFromFullName(std::string_view fullName) { return std::string(fullName); }
-bool isSoftwarePackageQualifiedName(std::string_view /*name*/) noexcept { return false; }
-
-}  // namespace zelk::nameresolution
+std::size_t qxCountNameCharacters(std::string_view text) noexcept {
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
+    std::size_t length = 0;
+    while (length < text.size() &&
+           (isLetter(text[length]) || (length > 0 && text[length] >= '0' && text[length] <= '9'))) {
+        ++length;
+    }
+    return length;
+}

@@ -4,11 +4,6 @@
 
 #include <vector>
 
-OutputCapture::OutputCapture() = default;
-OutputCapture::~OutputCapture() = default;
-void OutputCapture::write(std::u16string_view text) { text_ += text; }
-const std::u16string& OutputCapture::getText() const noexcept { return text_; }
-
 namespace {
 
 class SilentStream final : public OutputStream {

@@ -92,20 +92,3 @@ zelk::COSInternedID omGetCOSClassID(const qxArray* /*value*/) { return {}; }
 qxUniqueArray omCreateZELKScalar(const zelk::COSInterfacePtr& /*node*/) {
     template_host::missing("an object for a namespace");
 }
-
-// Classes of other object systems, such as Java's: none.
-
-qxUniqueArray qxCreateClassArray(const char* /*className*/) { return nullptr; }
-qxUniqueArray qxFindClassMember(const qxArray* /*value*/, const char* /*memberName*/) { return nullptr; }
-
-// What a name is, in the language of your session.
-
-std::size_t qxCountNameCharacters(std::string_view text) noexcept {
-    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
-    std::size_t length = 0;
-    while (length < text.size() &&
-           (isLetter(text[length]) || (length > 0 && text[length] >= '0' && text[length] <= '9'))) {
-        ++length;
-    }
-    return length;
-}

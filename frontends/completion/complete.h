@@ -18,10 +18,11 @@
 
 namespace contextdata::completion {
 
+/// What somebody typed, and who asks. What it borrows has to stand during the call alone.
 struct Request {
     std::u16string_view text;  ///< borrowed for the call
     std::size_t cursor = 0;    ///< in UTF-16 units
-    std::u16string file;       ///< the file that the text is from; empty at a prompt
+    std::u16string file = {};  ///< the file that the text is from; empty at a prompt
     /// The class in whose code the text stands; null for none. It is offered what only insiders may use as well.
     ZELKContextData::ResolvedClassID asker = {};
     /// Outlives the call.
@@ -32,13 +33,14 @@ struct Request {
     /// The answer is ordered by rank, and names that fit less closely are forgiven (ranking.h).
     bool isRanked = false;
     std::size_t limit = std::numeric_limits<std::size_t>::max();  ///< the most items of an answer
-    Rules rules = {};
+    Rules rules = {};  ///< by which the host gives the value of what stands before a dot
 };
 
+/// An answer. A plain value; it borrows nothing of the request.
 struct Completions {
     Refusal refusal = Refusal::none;  ///< why the text offers nothing; `none` also when its subject is unknown
     std::size_t start = 0;            ///< the range that a chosen name replaces, in UTF-16 units
-    std::size_t end = 0;
+    std::size_t end = 0;              ///< behind the last unit of that range: the cursor
     /// Sorted by name, or by rank; the arguments of a call always before the names.
     Items items;
     std::size_t leftOut = 0;  ///< how many more there are than the limit allows

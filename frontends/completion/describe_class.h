@@ -6,6 +6,7 @@
 
 namespace contextdata::completion {
 
+/// Which members are described.
 struct DescribeOptions {
     /// Whose view is wanted: only what the code of that class may use is described. Null for all there is.
     ZELKContextData::ResolvedClassID asker;

@@ -10,6 +10,7 @@
 
 namespace contextdata::completion {
 
+/// What kind of thing a name names.
 enum class Kind {
     method,
     staticMethod,
@@ -37,9 +38,10 @@ const char* textOf(Kind kind) noexcept;
 /// Where an item stands among others: a smaller one comes first.
 using SortKey = std::uint8_t;
 
+/// One name that is offered. A plain value.
 struct Item {
-    std::u16string name;
-    Kind kind = Kind::property;
+    std::u16string name;         ///< as it is written where the cursor stands
+    Kind kind = Kind::property;  ///< what it names
     /// The full name of the class that declares the member, without package qualification; empty when unknown.
     std::u16string definingClass;
     /// What stands beside the name, for people: the access of a member that is not everybody's. Permanent.

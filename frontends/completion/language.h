@@ -6,6 +6,7 @@
 
 namespace contextdata::completion {
 
+/// The few rules that the engine needs. An object of static storage, as a rule: requests refer to it.
 struct Language {
     /// A text as it stands in a string that `quote` opened, without the quotes; empty when no such string can hold it.
     /// Not null.

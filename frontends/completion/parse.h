@@ -35,9 +35,11 @@ enum class Wanted {
     files,      ///< what lies in a folder
 };
 
+/// What was read. Its views point into the text, which has to stand as long as they are looked at.
 struct ParsedText {
     /// Why no plain chain of names ends at the cursor. Something else than members may be wanted there even so.
     Refusal refusal = Refusal::noName;
+    /// What is offered; decided by the text alone, so perhaps there is no such thing.
     Wanted wanted = Wanted::nothing;
     /// The names before the last dot, never empty where members are wanted; where something else is, see there. They
     /// point into the text that was parsed.
@@ -46,8 +48,10 @@ struct ParsedText {
     /// the text as it stands in the string, escapes and folders included; of a whole key, all behind the bracket.
     std::u16string_view fragment;
     /// The range that a chosen name replaces, in UTF-16 units: from the fragment's start to the cursor.
+    /// @{
     std::size_t start = 0;
     std::size_t end = 0;
+    /// @}
     /// What has the members or keys, when it is more than a chain of names; empty where the chain says all. Points into
     /// the text, or is a literal of the same type.
     std::u16string_view expression;
@@ -57,9 +61,9 @@ struct ParsedText {
     char16_t quote = 0;
     /// Of a key, all that was typed behind the bracket.
     std::u16string_view wholeKey;
-    /// What stands in the call before the cursor: names of arguments, and how many arguments go by their position.
+    /// What stands in the call before the cursor: the names of arguments.
     std::vector<std::u16string_view> given;
-    std::size_t positions = 0;
+    std::size_t positions = 0;  ///< how many arguments go by their position
 };
 
 /// Reads the text from its start to `cursor` (UTF-16 units; beyond the end means the end) and never looks further.

@@ -28,6 +28,7 @@ public:
     /// The text is borrowed.
     explicit Typed(std::u16string_view text);
 
+    /// What was typed, as it was given; borrowed from the caller of the constructor.
     std::u16string_view text() const noexcept { return text_; }
 
     /// The best of all ways in which a name fits. Typing errors are forgiven from three letters on.

@@ -5,6 +5,7 @@
 
 namespace contextdata::completion {
 
+/// How the host evaluates, as far as the engine has to know. By default members are read one by one and no code runs.
 struct Rules {
     /// What people call them; empty where there are no others.
     std::u16string_view name = {};

@@ -21,7 +21,9 @@ public:
 /// The names of a chain with dots between them.
 std::u16string dotted(std::span<const std::u16string_view> chain);
 
+/// What a chain of names leads to, or fails to. A plain value that shares the host's.
 struct Subject {
+    /// What sort of thing stands before the dot.
     enum class Nature {
         nothing,      ///< the chain leads nowhere, or was refused on the way
         object,       ///< a value that stands for itself
@@ -29,7 +31,7 @@ struct Subject {
         space,        ///< a namespace, likewise
     };
 
-    Nature nature = Nature::nothing;
+    Nature nature = Nature::nothing;       ///< which of the other members count
     qxSharedArray value;                   ///< the value at the end of the chain; empty for a bare name
     ZELKContextData::ResolvedClassID cls;  ///< of a class
     std::u16string space;                  ///< the name of a namespace

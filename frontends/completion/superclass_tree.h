@@ -11,10 +11,10 @@ namespace contextdata::completion {
 
 /// One superclass in the tree of a class.
 struct Superclass {
-    std::u16string name;  ///< full, without package qualification
-    std::vector<Superclass> superclasses;
-    bool isRepeated = false;  ///< its superclasses stand where the class was met first
-    bool isCut = false;       ///< its superclasses lie deeper than the tree goes
+    std::u16string name;                   ///< full, without package qualification
+    std::vector<Superclass> superclasses;  ///< its own direct ones
+    bool isRepeated = false;               ///< its superclasses stand where the class was met first
+    bool isCut = false;                    ///< its superclasses lie deeper than the tree goes
 };
 
 /// How deep a tree goes.

@@ -13,6 +13,7 @@ namespace memory_host {
 /// How a call fails. `nullAnswer` applies to services whose contract lets them answer null; others go on.
 enum class Fault { interrupt, hostException, standardException, thrownInt, badAlloc, nullAnswer };
 
+/// Shows a fault in a failed test.
 CONTEXTDATA_MEMORY_HOST_API std::ostream& operator<<(std::ostream& out, Fault fault);
 
 /// A plan in force until it is cleared; it starts with no fault. Calls are counted from the last `clear` or
@@ -28,6 +29,7 @@ public:
     /// Fails the `number`-th call of one service from now.
     void failService(Service service, std::size_t number, Fault fault);
 
+    /// Ends the plan and begins to count anew.
     void clear() noexcept;
 
     /// The calls met since the last `clear` or `failCall`.

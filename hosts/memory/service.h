@@ -8,6 +8,7 @@
 
 namespace memory_host {
 
+/// An operation of the boundary. Operations of a class of the boundary are named for both.
 enum class Service : std::uint8_t {
     makeInterned,
     omResolveAnyClass,

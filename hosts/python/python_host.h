@@ -13,6 +13,7 @@
 #include "host/array_library.h"
 #include "host/interned.h"
 
+/// Marks what the live host offers beside the host services.
 #define CONTEXTDATA_PYTHON_HOST_API __attribute__((visibility("default")))
 
 namespace python_host {
@@ -55,7 +56,7 @@ CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> outermostModules(std::strin
 /// was whenever the same stamp was given for the same type. Documentation and annotated types are not covered.
 struct StructureStamp {
     PyTypeObject* type = nullptr;  ///< identity only, not kept alive
-    std::uint64_t version = 0;
+    std::uint64_t version = 0;     ///< compared for equality only
 
     friend bool operator==(const StructureStamp&, const StructureStamp&) = default;
 };
@@ -98,8 +99,10 @@ enum class EvaluationPolicy : std::uint8_t {
 };
 
 /// The policy of the process. Guarded, unless somebody chooses another one.
+/// @{
 CONTEXTDATA_PYTHON_HOST_API EvaluationPolicy evaluationPolicy() noexcept;
 CONTEXTDATA_PYTHON_HOST_API void setEvaluationPolicy(EvaluationPolicy policy) noexcept;
+/// @}
 
 /// For the life of the guard, the current workspace of this thread is what the dictionaries hold: the locals before the
 /// globals. Without a guard it is the frame in the focus of a debugger that holds the program, else `__main__`. Guards
@@ -116,8 +119,10 @@ public:
     ~CurrentWorkspace();
 
     /// Borrowed. Null, or any object: only a dictionary counts.
+    /// @{
     PyObject* locals() const noexcept { return locals_; }
     PyObject* globals() const noexcept { return globals_; }
+    /// @}
 
 private:
     PyObject* locals_;
