@@ -32,6 +32,14 @@ void addNames(NameSet& set, const std::vector<std::string>& names) {
     }
 }
 
+/// Moves the names of the smaller set into the larger: what a deep tree has gathered is not moved again at every class.
+void merge(NameSet& names, NameSet& more) {
+    if (names.size() < more.size()) {
+        names.swap(more);
+    }
+    names.merge(more);
+}
+
 /// Counts the calls that are under way on this thread, each on behalf of the one before it. Only the outermost may turn
 /// a failure into an empty answer: a superclass that did so would have its subclass pass on half an answer for a whole.
 class AttributeCall {
@@ -80,7 +88,7 @@ AttributeInfo ClassInfo::collectAttributes(bool flag) const {
     for (const std::shared_ptr<ClassInfo>& superclass : structure_.superclasses) {
         AttributeInfo inherited = superclass->getAttributes(flag);
         for (const Family& family : families) {
-            (attributes.*family.set).merge(inherited.*family.set);
+            merge(attributes.*family.set, inherited.*family.set);
         }
     }
     return attributes;

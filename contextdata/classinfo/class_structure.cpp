@@ -1,9 +1,23 @@
-#include <iterator>
 #include <utility>
 
 #include "contextdata/class_info.h"
 
 namespace ZELKContextData {
+
+namespace {
+
+/// A class before its superclasses, each of these with its own; nothing of a class without a name.
+void appendNames(const ClassStructureInfo& structure, std::vector<std::u16string>& names) {
+    if (structure.className.empty()) {
+        return;
+    }
+    names.push_back(structure.className);
+    for (const std::shared_ptr<ClassInfo>& superclass : structure.superclasses) {
+        appendNames(superclass->getSuperclassInfo(), names);
+    }
+}
+
+}  // namespace
 
 ClassStructureInfo::ClassStructureInfo() = default;
 ClassStructureInfo::ClassStructureInfo(const ClassStructureInfo& other) = default;
@@ -25,14 +39,8 @@ ClassStructureInfo& ClassStructureInfo::operator=(ClassStructureInfo&& other) no
 }
 
 std::vector<std::u16string> ClassStructureInfo::getSuperclasses() const {
-    if (className.empty()) {
-        return {};
-    }
-    std::vector<std::u16string> names = {className};
-    for (const std::shared_ptr<ClassInfo>& superclass : superclasses) {
-        std::vector<std::u16string> more = superclass->getSuperclassInfo().getSuperclasses();
-        names.insert(names.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
-    }
+    std::vector<std::u16string> names;
+    appendNames(*this, names);
     return names;
 }
 

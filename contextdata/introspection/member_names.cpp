@@ -16,7 +16,7 @@ const DesiredPropertyAttributes eitherSideDesiredPropertyAttributes = {2, 2, 2, 
 namespace {
 
 /// Room for a class of usual size, so that most listings allocate the vector once.
-constexpr std::size_t usualMethodCount = 32;
+constexpr std::size_t usualCount = 32;
 
 bool isStaticSelection(int selection) { return selection >= -1 && selection <= 1; }
 
@@ -27,13 +27,14 @@ void getClassMethodNames(zelk::COSClass* cls, std::vector<std::u16string>& names
     if (!contextdata::introspection::isDefined(cls) || !isStaticSelection(staticSelection)) {
         return;
     }
-    names.reserve(usualMethodCount);
+    names.reserve(usualCount);
     ZELKMethodNameVisitor visitor(names, staticSelection, methodFlagSelection);
     cls->visitMethods(visitor);
 }
 
 void getClassPropertyNames(zelk::COSClass* cls, std::vector<std::u16string>& names,
                            const DesiredPropertyAttributes& desired) {
+    names.reserve(usualCount);
     ZELKPropertyNameVisitor visitor(names, nullptr, desired);
     cls->visitProperties(visitor);
 }

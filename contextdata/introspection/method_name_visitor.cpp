@@ -41,7 +41,6 @@ bool ZELKMethodNameVisitor::accepts(const zelk::COSMethodInfo& method) const {
 }
 
 void ZELKMethodNameVisitor::visit(zelk::COSInterface* member) {
-    const zelk::COSInterfacePtr handle(member);
     const zelk::COSMethodInfo* method = zelk::cosiToMethod(member);
     if (method == nullptr) {
         return;

@@ -32,6 +32,11 @@ bool matchesFlag(std::int32_t selection, const COSPropInfo& property) {
     return selection == noWish || selection == (property.isListable() ? listableOnly : unlistableOnly);
 }
 
+bool isDesired(const COSPropInfo& property, const DesiredPropertyAttributes& desired) {
+    return matchesSide(desired.setAccessFiveSelection, property) && matchesAccess(desired, property) &&
+           matchesFlag(desired.propertyFlagSelection, property);
+}
+
 }  // namespace
 
 ZELKPropertyNameVisitor::ZELKPropertyNameVisitor(std::vector<std::u16string>& names,
@@ -39,15 +44,9 @@ ZELKPropertyNameVisitor::ZELKPropertyNameVisitor(std::vector<std::u16string>& na
                                                  const DesiredPropertyAttributes& desired)
     : names_(names), dataTypes_(dataTypes), converter_(false), desired_(desired) {}
 
-bool ZELKPropertyNameVisitor::accepts(const COSPropInfo& property) const {
-    return matchesSide(desired_.setAccessFiveSelection, property) && matchesAccess(desired_, property) &&
-           matchesFlag(desired_.propertyFlagSelection, property);
-}
-
 void ZELKPropertyNameVisitor::visit(zelk::COSInterface* member) {
-    const zelk::COSInterfacePtr handle(member);
     const COSPropInfo* property = zelk::cosiToProp(member);
-    if (property == nullptr || !accepts(*property)) {
+    if (property == nullptr || !isDesired(*property, desired_)) {
         return;
     }
     names_.push_back(fl::i18n::to_ustring(property->getName(), converter_));

@@ -20,8 +20,6 @@ public:
     void visit(zelk::COSInterface* member) override;
 
 private:
-    bool accepts(const zelk::COSPropInfo& property) const;
-
     std::vector<std::u16string>& names_;
     std::vector<zelk::COSDataTypePtr>* dataTypes_;
     fl::i18n::codecvt_ascii_to_ustring converter_;

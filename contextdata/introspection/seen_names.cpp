@@ -1,21 +1,33 @@
 #include "contextdata/introspection/seen_names.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace contextdata::introspection {
 
 namespace {
 
-/// FNV-1a over code units, folded to the width that a slot keeps.
+constexpr std::size_t unitsInBlock = sizeof(std::uint64_t) / sizeof(char16_t);
+
+/// Over blocks of four code units, the last one filled up with zeros. Each is spread by the fraction of the golden
+/// ratio, which carries what differs upwards only, and so is brought down again.
 std::uint32_t hashOf(std::u16string_view name) {
-    constexpr std::uint64_t offsetBasis = 0xCBF29CE484222325;
-    constexpr std::uint64_t prime = 0x100000001B3;
-    std::uint64_t hash = offsetBasis;
-    for (const char16_t unit : name) {
-        hash = (hash ^ unit) * prime;
+    constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
+    std::uint64_t hash = name.size();
+    const auto add = [&hash](std::uint64_t block) {
+        hash = (hash ^ block) * goldenRatio;
+        hash ^= hash >> 32;
+    };
+    std::uint64_t block = 0;
+    for (; name.size() >= unitsInBlock; name.remove_prefix(unitsInBlock)) {
+        std::memcpy(&block, name.data(), sizeof block);
+        add(block);
     }
-    return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+    block = 0;
+    std::memcpy(&block, name.data(), name.size() * sizeof(char16_t));
+    add(block);
+    return static_cast<std::uint32_t>(hash);
 }
 
 }  // namespace
@@ -55,8 +67,9 @@ SeenNames::Slot& SeenNames::slotFor(std::u16string_view name, std::uint32_t hash
     return slots_[index];
 }
 
+/// A class that leaves the usual table may be large, and entering the names anew is dear.
 void SeenNames::grow() {
-    std::vector<Slot> larger(2 * slots_.size());
+    std::vector<Slot> larger((grownTable_.empty() ? 4 : 2) * slots_.size());
     for (const Slot& slot : slots_) {
         if (slot.text != nullptr) {
             freeSlot(larger, slot.hash) = slot;

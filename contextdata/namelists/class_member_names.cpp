@@ -12,6 +12,9 @@ using ZELKIntrospection::DesiredPropertyAttributes;
 
 namespace {
 
+/// Room for an enumeration of usual size.
+constexpr std::size_t usualEnumerationCount = 32;
+
 constexpr int anyMethod = 0;
 constexpr int staticMethodsOnly = 1;
 constexpr int listableMethodsOnly = 1;
@@ -83,6 +86,7 @@ bool getClassEnumerationNames(const ResolvedClassID& id, Names& names, bool& /*f
         return false;
     }
     const std::size_t oldSize = names.size();
+    names.reserve(usualEnumerationCount);
     const fl::i18n::codecvt_ascii_to_ustring converter(false);
     const zelk::COSIteratorPtr members = cls->getEnumerationMembers();
     while (members && members->hasMoreElements()) {

@@ -41,7 +41,6 @@ bool readsAs(const char* name, std::u16string_view text, const fl::i18n::codecvt
 class DefiningClasses final : public zelk::COSVisitor<zelk::COSInterface*> {
 public:
     void visit(zelk::COSInterface* member) override {
-        const zelk::COSInterfacePtr handle(member);
         const char* name = nameOf(member);
         if (name == nullptr) {
             return;

@@ -41,6 +41,7 @@ bool isUnloaded(const Subject& subject) {
 
 Items spaces(const std::vector<std::string>& names) {
     std::vector<Item> items;
+    items.reserve(names.size());
     for (const std::string& name : names) {
         items.push_back({fl::i18n::to_ustring(name), Kind::space, {}});
     }
