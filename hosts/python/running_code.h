@@ -15,7 +15,7 @@ namespace python_host {
 ///
 /// What is caught there is no object, which a sanitizer would mind.
 template <class Call>
-[[gnu::no_sanitize("undefined")]] auto runCode(Call call) -> decltype(call()) {
+__attribute__((no_sanitize("undefined"))) auto runCode(Call call) -> decltype(call()) {
     try {
         return call();
     } catch (const abi::__forced_unwind&) {
