@@ -27,22 +27,17 @@ ClassInfo::ClassInfo(const std::u16string& contextFile, const std::u16string& cl
     : ClassInfo(ResolvedClassID(contextFile, className)) {}
 
 /// The end of the way from the root of a tree to the class that is being filled. Names may lead in a circle, by older
-/// forms for one, and a tree of them would have no end.
+/// forms for one, and a tree of them would have no end; so no class stands on the way twice.
 struct ClassInfo::Branch {
     using Way = std::unordered_set<COSInternedID>;
 
-    Branch(COSInternedID end, Way& classes) : id(end), way(classes), isLonger(classes.insert(end).second) {}
+    Branch(COSInternedID end, Way& classes) : id(end), way(classes) { way.insert(id); }
     Branch(const Branch&) = delete;
     Branch& operator=(const Branch&) = delete;
-    ~Branch() {
-        if (isLonger) {
-            way.erase(id);
-        }
-    }
+    ~Branch() { way.erase(id); }
 
     COSInternedID id;
     Way& way;
-    bool isLonger;
 };
 
 ClassInfo::ClassInfo(const ResolvedClassID& id) : ClassInfo() {
