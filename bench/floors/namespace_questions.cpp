@@ -93,10 +93,11 @@ std::u16string makeNamespace(memory_host::World& world, std::size_t members) {
     memory_host::NamespaceBuilder space = world.ns(name);
     for (std::size_t number = 0; number < members; ++number) {
         const std::string digits = std::to_string(number);
-        space.holdsClass(name + ".ClassOfNumber" + digits).function("functionOfNumber" + digits);
-        space.holdsNamespace(name + ".inner" + digits);
+        const std::string className = std::string(name).append(".ClassOfNumber").append(digits);
+        space.holdsClass(className).function("functionOfNumber" + digits);
+        space.holdsNamespace(std::string(name).append(".inner").append(digits));
         if (number % 10 == 9) {
-            world.cls(name + ".ClassOfNumber" + digits).hidden();
+            world.cls(className).hidden();
             space.unlistable();
         }
     }
