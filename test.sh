@@ -18,16 +18,16 @@ fi
 
 build_preset dev
 say "testing preset dev"
-ctest --preset dev "${left_out[@]}"
+ctest --preset dev -j "$(nproc)" "${left_out[@]}"
 
 if [ "${1:-}" != quick ]; then
   build_preset asan
   say "testing preset asan (address and undefined-behaviour sanitizers)"
-  ctest --preset asan
+  ctest --preset asan -j "$(nproc)"
 
   build_preset fuzz fuzz_targets
   say "fuzzing, for a moment"
-  ctest --preset fuzz
+  ctest --preset fuzz -j "$(nproc)"
 
   say "clang and clang-tidy"
   build_preset tidy
