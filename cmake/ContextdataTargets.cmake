@@ -13,6 +13,12 @@ function(contextdata_house_rules target)
                POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
+# What is installed does not say where it was built: assertions, the standard library's among them, name their file as it
+# lies in the project.
+function(contextdata_hides_its_place target)
+  target_compile_options(${target} PRIVATE "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=")
+endfunction()
+
 # Declares a library to be the host of that name. Two different hosts in the link closure of one target are an error
 # when CMake generates; without it, the first one linked would silently serve both.
 function(contextdata_declare_host target name)
