@@ -12,8 +12,9 @@ _LINE_COMMANDS_OF_PYTHON = frozenset(
 _CELL_COMMANDS_OF_PYTHON = frozenset(("time", "timeit", "prun", "capture", "debug"))
 
 _CELL_COMMAND = re.compile(r"%%(\w+)[^\n]*\n")
-_OPTIONS = r"[ \t]++(?:-[a-zA-Z]++[ \t]*+\d*+[ \t]++)*+"
-_TARGET = r"\s*+(?:[\w.,*\[\] \t]++=)?+\s*+"
+# Groups are not repeated possessively: early releases of Python 3.11 keep a part of a repetition that failed.
+_OPTIONS = r"[ \t]++(?:-[a-zA-Z]++(?:[ \t]*+\d++)?[ \t]++)*"
+_TARGET = r"\s*+(?:[\w.,*\[\] \t]++=)?\s*+"
 _COMMAND = re.compile(rf"{_TARGET}%(\w+){_OPTIONS}")
 _WORD = re.compile(rf"\s*+([^\W\d]\w*){_OPTIONS}(?![=,])")
 _HELP = re.compile(r"\s*+\?{1,2}(?!\s*%)")
