@@ -72,8 +72,19 @@ def test_a_hundred_thousand_classes_answer_for_themselves_and_leave_nothing():
     assert reused or not addresses
 
 
+def uses_addresses_again():
+    """Whether the allocator does, without anybody being asked: a sanitizer keeps what is freed out of use."""
+    seen = set()
+    for _ in range(200):
+        seen.add(id(type("Passing", (), {})))
+        gc.collect(1)
+    return len(seen) < 200
+
+
 def test_addresses_are_used_again_and_the_new_class_answers():
     """The case that matters, made on purpose: the class before is gone, and another one lies where it lay."""
+    if not uses_addresses_again():
+        pytest.skip("the allocator uses no address again")
     again = 0
     before = None
     for number in range(3000):
