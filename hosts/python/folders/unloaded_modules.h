@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/python/namespaces/initial.h"
+#include "hosts/python/initial.h"
 
 namespace python_host {
 

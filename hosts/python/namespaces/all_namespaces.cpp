@@ -13,7 +13,7 @@
 #include "hosts/python/folders/package_folders.h"
 #include "hosts/python/folders/search_path.h"
 #include "hosts/python/folders/unloaded_modules.h"
-#include "hosts/python/namespaces/initial.h"
+#include "hosts/python/initial.h"
 #include "hosts/python/namespaces/live_modules.h"
 #include "hosts/python/python_host.h"
 #include "hosts/python/python_text.h"
