@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "contextdata/introspection/seen_names.h"
@@ -20,6 +21,7 @@ public:
     void visit(zelk::COSInterface* member) override;
 
 private:
+    bool isConstructor(std::string_view methodName, zelk::COSInterface* method);
     bool accepts(const zelk::COSMethodInfo& method) const;
 
     std::vector<std::u16string>& names_;
@@ -27,6 +29,9 @@ private:
     std::int32_t staticSelection_;
     std::int32_t methodFlagSelection_;
     fl::i18n::codecvt_ascii_to_ustring converter_;
+    // Methods of one class come one after the other, so what was last asked of a class serves the next ones as well.
+    const zelk::COSClass* definingClass_ = nullptr;
+    std::string_view constructorName_;
 };
 
 }  // namespace ZELKIntrospection

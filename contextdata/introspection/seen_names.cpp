@@ -1,6 +1,8 @@
 #include "contextdata/introspection/seen_names.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <utility>
 
@@ -8,81 +10,86 @@ namespace contextdata::introspection {
 
 namespace {
 
-constexpr std::size_t unitsInBlock = sizeof(std::uint64_t) / sizeof(char16_t);
-
-/// Over blocks of four code units, the last one filled up with zeros. Each is spread by the fraction of the golden
-/// ratio, which carries what differs upwards only, and so is brought down again.
-std::uint32_t hashOf(std::u16string_view name) {
-    constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
-    std::uint64_t hash = name.size();
-    const auto add = [&hash](std::uint64_t block) {
-        hash = (hash ^ block) * goldenRatio;
-        hash ^= hash >> 32;
-    };
+/// Looks at eight bytes at a time: every name of every class comes by.
+bool isAscii(std::string_view text) {
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::uint64_t seen = 0;
     std::uint64_t block = 0;
-    for (; name.size() >= unitsInBlock; name.remove_prefix(unitsInBlock)) {
-        std::memcpy(&block, name.data(), sizeof block);
-        add(block);
+    for (; text.size() >= sizeof block; text.remove_prefix(sizeof block)) {
+        std::memcpy(&block, text.data(), sizeof block);
+        seen |= block;
     }
-    block = 0;
-    std::memcpy(&block, name.data(), name.size() * sizeof(char16_t));
-    add(block);
-    return static_cast<std::uint32_t>(hash);
+    for (const char unit : text) {
+        seen |= static_cast<unsigned char>(unit);
+    }
+    return (seen & highBits) == 0;
+}
+
+/// Spreads an address by the fraction of the golden ratio; the upper bits of the product tell most.
+std::size_t firstSlot(const char* interned, std::size_t slotCount) {
+    constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
+    const std::uint64_t product = reinterpret_cast<std::uintptr_t>(interned) * goldenRatio;
+    return product >> (64 - std::countr_zero(slotCount));
 }
 
 }  // namespace
 
-bool SeenNames::insert(std::u16string_view name) {
+bool SeenNames::insert(std::string_view interned, const std::u16string& converted) {
     if (isCrowded()) {
         grow();
     }
-    const std::uint32_t hash = hashOf(name);
-    Slot& slot = slotFor(name, hash);
-    if (slot.text != nullptr) {
+    const char*& slot = slotFor(slots_, interned.data());
+    if (slot != nullptr) {
         return false;
     }
-    slot = {keep(name), static_cast<std::uint32_t>(name.size()), hash};
+    // ASCII is converted to itself: as long as there is nothing else, other addresses are other names.
+    const bool isNew = (!texts_ && isAscii(interned)) || insertText(converted);
+    slot = interned.data();
     ++count_;
-    return true;
+    return isNew;
 }
 
-bool SeenNames::holds(const Slot& slot, std::u16string_view name, std::uint32_t hash) {
-    return slot.hash == hash && std::u16string_view(slot.text, slot.length) == name;
-}
-
-SeenNames::Slot& SeenNames::freeSlot(std::span<Slot> slots, std::uint32_t hash) {
-    std::size_t index = hash & (slots.size() - 1);
-    while (slots[index].text != nullptr) {
+/// The slot that holds the address, or the free one where it belongs.
+const char*& SeenNames::slotFor(std::span<const char*> slots, const char* interned) {
+    std::size_t index = firstSlot(interned, slots.size());
+    while (slots[index] != nullptr && slots[index] != interned) {
         index = (index + 1) & (slots.size() - 1);
     }
     return slots[index];
 }
 
-/// The slot that holds the name, or the free one where it belongs.
-SeenNames::Slot& SeenNames::slotFor(std::u16string_view name, std::uint32_t hash) {
-    std::size_t index = hash & (slots_.size() - 1);
-    while (slots_[index].text != nullptr && !holds(slots_[index], name, hash)) {
-        index = (index + 1) & (slots_.size() - 1);
-    }
-    return slots_[index];
-}
-
 /// A class that leaves the usual table may be large, and entering the names anew is dear.
 void SeenNames::grow() {
-    std::vector<Slot> larger((grownTable_.empty() ? 4 : 2) * slots_.size());
-    for (const Slot& slot : slots_) {
-        if (slot.text != nullptr) {
-            freeSlot(larger, slot.hash) = slot;
+    std::vector<const char*> larger((grownTable_.empty() ? 4 : 2) * slots_.size());
+    for (const char* interned : slots_) {
+        if (interned != nullptr) {
+            slotFor(larger, interned) = interned;
         }
     }
     grownTable_ = std::move(larger);
     slots_ = grownTable_;
 }
 
-const char16_t* SeenNames::keep(std::u16string_view name) {
-    auto* text = static_cast<char16_t*>(texts_.allocate(name.size() * sizeof(char16_t), alignof(char16_t)));
-    std::copy(name.begin(), name.end(), text);
-    return text;
+bool SeenNames::insertText(const std::u16string& converted) {
+    if (texts_) {
+        return texts_->insert(converted).second;
+    }
+    Texts texts = textsSoFar();
+    const bool isNew = texts.insert(converted).second;
+    texts_ = std::move(texts);
+    return isNew;
+}
+
+/// As long as no texts are kept, all names are ASCII.
+SeenNames::Texts SeenNames::textsSoFar() const {
+    Texts texts;
+    for (const char* interned : slots_) {
+        if (interned != nullptr) {
+            const std::string_view name = interned;
+            texts.emplace(name.begin(), name.end());
+        }
+    }
+    return texts;
 }
 
 }  // namespace contextdata::introspection

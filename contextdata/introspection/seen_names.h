@@ -3,53 +3,47 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <memory_resource>
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace contextdata::introspection {
 
-/// A growing set of UTF-16 names, made for one walk.
+/// A growing set of names, made for one walk.
 ///
-/// A walk adds every name of a class to it, so this is where a listing spends its time. Hence a hash table of its
-/// own: the cost of a name does not grow with the class, a class of usual size takes nothing from the heap, and
-/// texts lie in an arena that goes in one piece.
+/// A walk adds every name of a class to it, so this is where a listing could spend its time. Interned texts are the
+/// same at the same address, so addresses are what it remembers: the cost of a name does not grow with its length, nor
+/// with the class, and a class of usual size takes nothing from the heap.
 class SeenNames {
 public:
     SeenNames() = default;
     SeenNames(const SeenNames&) = delete;
     SeenNames& operator=(const SeenNames&) = delete;
 
-    /// Adds a name, of which it keeps a copy; false when it was there already. May throw `std::bad_alloc`, with the
-    /// set as it was.
-    bool insert(std::u16string_view name);
+    /// Adds a name, given as the interned text and as what that is converted to; false when the latter was there
+    /// already. Names beyond ASCII may be converted to the same text, and then are the same name. May throw
+    /// `std::bad_alloc`, with the set as it was.
+    bool insert(std::string_view interned, const std::u16string& converted);
 
 private:
-    /// An entry of the table, which is probed from the place that the hash gives to the next free slot.
-    struct Slot {
-        const char16_t* text = nullptr;  // null: free
-        std::uint32_t length = 0;
-        std::uint32_t hash = 0;
-    };
+    using Texts = std::unordered_set<std::u16string>;
 
     static constexpr std::size_t usualSlots = 64;
-    static constexpr std::size_t usualTextBytes = 2048;
 
-    static bool holds(const Slot& slot, std::u16string_view name, std::uint32_t hash);
-    static Slot& freeSlot(std::span<Slot> slots, std::uint32_t hash);
-    Slot& slotFor(std::u16string_view name, std::uint32_t hash);
-    bool isCrowded() const { return 2 * (count_ + 1) > slots_.size(); }
+    static const char*& slotFor(std::span<const char*> slots, const char* interned);
+    bool isCrowded() const { return 4 * (count_ + 1) > 3 * slots_.size(); }
     void grow();
-    const char16_t* keep(std::u16string_view name);
+    bool insertText(const std::u16string& converted);
+    Texts textsSoFar() const;
 
-    std::array<std::byte, usualTextBytes> usualText_;
-    std::pmr::monotonic_buffer_resource texts_{usualText_.data(), usualText_.size()};
-    std::array<Slot, usualSlots> usualTable_{};
-    std::vector<Slot> grownTable_;
-    std::span<Slot> slots_{usualTable_};  // a power of two of them
+    std::array<const char*, usualSlots> usualTable_{};
+    std::vector<const char*> grownTable_;
+    std::span<const char*> slots_{usualTable_};  // a power of two of them; null: free
     std::size_t count_ = 0;
+    std::optional<Texts> texts_;  // what all names are converted to, from the first one beyond ASCII on
 };
 
 }  // namespace contextdata::introspection

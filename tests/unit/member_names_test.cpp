@@ -150,7 +150,7 @@ TEST_F(MemberNamesTest, LongAndManyNamesAreToldApart) {
 TEST_F(MemberNamesTest, FailureDuringTheMethodWalkPassesAndLeavesTheNamesSoFar) {
     const ClassBuilder cls = world.cls("bank.Account").method("first").method("second");
     for (const Service service : {Service::methodGetName, Service::toUstring, Service::methodGetAccess,
-                                  Service::methodIsListable, Service::classOfMember, Service::classGetName}) {
+                                  Service::methodIsListable, Service::classOfMember}) {
         Names names = {u"kept"};
         world.faults().failService(service, 2, Fault::standardException);
         EXPECT_THROW(ZELKIntrospection::getClassMethodNames(cls.object(), names, 0, 1), std::runtime_error)
@@ -160,6 +160,17 @@ TEST_F(MemberNamesTest, FailureDuringTheMethodWalkPassesAndLeavesTheNamesSoFar) 
         EXPECT_THROW(ZELKIntrospection::getClassMethodNames(cls.object(), names, 0, 1), InterruptException);
     }
     EXPECT_EQ(world.handlesAlive(), 0U);
+}
+
+TEST_F(MemberNamesTest, NameOfADefiningClassIsAskedOnceForMethodsInARow) {
+    world.cls("bank.Base").method("third").method("Base").method("fourth");
+    const ClassBuilder cls = world.cls("bank.Account").derives("bank.Base").method("first").method("Account").method("second");
+    EXPECT_THAT(methods(cls, 0), ElementsAre(u"first", u"second", u"third", u"fourth"));
+    EXPECT_EQ(world.journal().countOf(Service::classGetName), 2U);
+    Names names;
+    world.faults().failService(Service::classGetName, 2, Fault::standardException);
+    EXPECT_THROW(ZELKIntrospection::getClassMethodNames(cls.object(), names, 0, 1), std::runtime_error);
+    EXPECT_THAT(names, ElementsAre(u"first", u"second"));
 }
 
 TEST_F(MemberNamesTest, MethodWithoutADefiningClassIsNoConstructor) {
