@@ -6,6 +6,7 @@
 #include <boost/locale/encoding_utf.hpp>
 #include <iterator>
 
+#include "hosts/ascii.h"
 #include "hosts/memory/encoding.h"
 #include "hosts/memory/watch.h"
 
@@ -39,22 +40,6 @@ using memory_host::enter;
 using memory_host::Service;
 
 constexpr char16_t lastAscii = 0x7F;
-
-/// One pass without a branch, which compilers turn into a few wide instructions.
-bool isAscii(std::string_view text) {
-    unsigned char seen = 0;
-    for (const char unit : text) {
-        seen |= static_cast<unsigned char>(unit);
-    }
-    return seen <= lastAscii;
-}
-
-std::u16string widened(std::string_view ascii) {
-    std::u16string wide(ascii.size(), u'\0');
-    std::transform(ascii.begin(), ascii.end(), wide.begin(),
-                   [](char unit) { return static_cast<char16_t>(static_cast<unsigned char>(unit)); });
-    return wide;
-}
 
 constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
@@ -109,8 +94,8 @@ std::string to_string(std::u16string_view text, const codecvt_ustring_to_string&
 
 std::u16string to_ustring(std::string_view text) {
     enter(Service::toUstring, text);
-    if (isAscii(text)) {
-        return widened(text);
+    if (std::optional<std::u16string> wide = hosts::widenedAscii(text)) {
+        return *std::move(wide);
     }
     try {
         return utf_to_utf<char16_t>(text.data(), text.data() + text.size(), stop);
@@ -121,17 +106,18 @@ std::u16string to_ustring(std::string_view text) {
 
 std::u16string to_ustring(std::string_view text, const codecvt_ascii_to_ustring& converter) {
     enter(Service::toUstring, text);
-    if (isAscii(text)) {
-        return widened(text);
+    if (std::optional<std::u16string> wide = hosts::widenedAscii(text)) {
+        return *std::move(wide);
     }
     if (converter.refuses()) {
         throw ConversionException();
     }
-    std::string substituted(text);
-    std::replace_if(
-        substituted.begin(), substituted.end(), [](char unit) { return static_cast<unsigned char>(unit) > lastAscii; },
-        '?');
-    return widened(substituted);
+    std::u16string substituted;
+    substituted.reserve(text.size());
+    std::transform(text.begin(), text.end(), std::back_inserter(substituted), [](char unit) {
+        return static_cast<unsigned char>(unit) > lastAscii ? u'?' : static_cast<char16_t>(unit);
+    });
+    return substituted;
 }
 
 }  // namespace fl::i18n
