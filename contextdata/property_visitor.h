@@ -62,6 +62,7 @@ private:
     bool includeHidden_ = false;
     std::vector<PropertyInfo> collected_;
     std::vector<PropertyInfo> hidden_;
+    std::vector<zelk::COSInternedID> customGetterFlags_;
 };
 
 }  // namespace ZELKContextData

@@ -1,4 +1,5 @@
 // The fixed tables of names, and the rules that ask nobody.
+#include <optional>
 #include <set>
 #include <unordered_set>
 
@@ -18,17 +19,38 @@ const std::string family = "fixed tables";
 const std::vector<std::u16string> sizes = {u"3", u":", u"numberOfRows", u"42"};
 const std::u16string plusName = u"plus";
 
-/// A number of 32 bits with blanks around it; any other text is a name or a colon here.
-std::uint64_t floorNumber(const std::u16string& text) {
+bool isLetter(char16_t unit) { return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z'); }
+bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+
+/// The end of the longest name that begins there.
+std::size_t endOfName(const std::u16string& text) {
+    std::size_t end = 0;
+    while (end < text.size() && (isLetter(text[end]) || isDigit(text[end]) || text[end] == u'_')) {
+        ++end;
+    }
+    return end;
+}
+
+/// A colon, a name, or a number of 32 bits with blanks around it; nothing for any other text.
+std::optional<std::uint64_t> floorSize(const std::u16string& text) {
     constexpr std::uint64_t anySize = ~std::uint64_t{0};
-    const std::size_t first = text.find_first_not_of(u' ');
-    const std::size_t last = text.find_last_not_of(u' ');
+    if (text == u":") {
+        return anySize;
+    }
+    if (!text.empty() && isLetter(text.front())) {
+        return endOfName(text) == text.size() ? std::optional(anySize) : std::nullopt;
+    }
+    const std::size_t first = text.find_first_not_of(u" \t\n\v\f\r");
+    if (first == std::u16string::npos) {
+        return std::nullopt;
+    }
+    const std::size_t last = text.find_last_not_of(u" \t\n\v\f\r");
     std::uint64_t number = 0;
     for (std::size_t index = first; index <= last; ++index) {
-        if (text[index] < u'0' || text[index] > u'9' || number > 0xFFFFFFFF) {
-            return anySize;
+        number = 10 * number + (text[index] - u'0');
+        if (!isDigit(text[index]) || number > 0xFFFFFFFF) {
+            return std::nullopt;
         }
-        number = 10 * number + static_cast<std::uint64_t>(text[index] - u'0');
     }
     return number;
 }
@@ -37,7 +59,11 @@ std::vector<std::uint64_t> floorSizes() {
     std::vector<std::uint64_t> numbers;
     numbers.reserve(sizes.size());
     for (const std::u16string& size : sizes) {
-        numbers.push_back(floorNumber(size));
+        const std::optional<std::uint64_t> number = floorSize(size);
+        if (!number) {
+            return {};
+        }
+        numbers.push_back(*number);
     }
     return numbers;
 }

@@ -109,7 +109,7 @@ std::vector<Question> memberQuestions(const qxSharedArray& object) {
     return {
         question(
             family, "hasMethod of an identity", 1, [=] { return staticByLibrary(id); },
-            [id] { return hasStaticMethod(COSClass::getClass(id.get()), deposit); }),
+            [id] { return hasStaticMethod(defined(COSClass::getClass(id.get())), deposit); }),
         question(
             family, "hasMethod of a name", 1, [=] { return staticByLibrary(account); },
             [] { return hasStaticMethod(classOf(account), deposit); }),

@@ -94,16 +94,30 @@ std::shared_ptr<ClassInfo> ClassInfo::superclassNamed(COSInternedID listedID, co
     return superclass;
 }
 
+// Plain loops: most classes have one superclass, for which the way into an algorithm is dearer than the question.
+
 bool ClassInfo::isA(const COSInternedID& id) const {
-    return id == structure_.classID ||
-           std::any_of(structure_.superclasses.begin(), structure_.superclasses.end(),
-                       [&](const std::shared_ptr<ClassInfo>& superclass) { return superclass->isA(id); });
+    if (id == structure_.classID) {
+        return true;
+    }
+    for (const std::shared_ptr<ClassInfo>& superclass : structure_.superclasses) {
+        if (superclass->isA(id)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool ClassInfo::isA(const std::u16string& name) const {
-    return name == structure_.className ||
-           std::any_of(structure_.superclasses.begin(), structure_.superclasses.end(),
-                       [&](const std::shared_ptr<ClassInfo>& superclass) { return superclass->isA(name); });
+    if (name == structure_.className) {
+        return true;
+    }
+    for (const std::shared_ptr<ClassInfo>& superclass : structure_.superclasses) {
+        if (superclass->isA(name)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace ZELKContextData

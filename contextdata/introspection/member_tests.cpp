@@ -6,19 +6,11 @@
 namespace ZELKIntrospection {
 
 using contextdata::identity::internName;
+using contextdata::introspection::hasAnyMethod;
 using contextdata::introspection::isDefined;
 using foundation::core::except::InterruptException;
 using zelk::COSClass;
 using zelk::COSIteratorPtr;
-
-namespace {
-
-bool anyMethod(COSClass& cls, zelk::COSInternedID name) {
-    const COSIteratorPtr methods = cls.findMethods(name);
-    return methods && methods->hasMoreElements();
-}
-
-}  // namespace
 
 bool hasMethod(const ZELKContextData::ResolvedClassID& id, const std::string& methodName, bool& flag) {
     COSClass* cls = getCOSClass(id);
@@ -26,7 +18,7 @@ bool hasMethod(const ZELKContextData::ResolvedClassID& id, const std::string& me
         return false;
     }
     const zelk::COSInternedID name = internName(methodName);
-    if (!anyMethod(*cls, name)) {
+    if (!hasAnyMethod(*cls, name)) {
         return false;
     }
     // Asking has used up the first walk; a second one yields the method that decides the flag.
@@ -56,7 +48,7 @@ bool hasMethod(const std::u16string& className, const std::string& methodName, b
 
 bool hasMethod(const qxArray* value, const std::string& methodName) {
     COSClass* cls = getCOSClass(value);
-    return cls != nullptr && anyMethod(*cls, internName(methodName));
+    return cls != nullptr && hasAnyMethod(*cls, internName(methodName));
 }
 
 bool hasProperty(const qxArray* value, const std::string& propertyName) {

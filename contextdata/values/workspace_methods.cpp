@@ -1,10 +1,8 @@
 #include "contextdata/workspace_methods.h"
 
-#include <set>
-
-#include "contextdata/exclusion_tables.h"
 #include "contextdata/introspection.h"
 #include "contextdata/member_names.h"
+#include "contextdata/method_info.h"
 #include "contextdata/values.h"
 
 namespace {
@@ -18,15 +16,16 @@ bool isQualified(const std::u16string& name) { return name.find(u'.') != std::u1
 std::vector<std::u16string> getMethodsForWSVariable(const std::u16string& name, const qxSharedArray& value,
                                                     std::int32_t selector) {
     std::vector<std::u16string> methods;
-    std::set<std::u16string> excluded;
-    if (zelk::COSClass* cls = ZELKIntrospection::getCOSClass(value.get())) {
+    zelk::COSClass* cls = ZELKIntrospection::getCOSClass(value.get());
+    const bool isForeign = cls == nullptr;
+    if (!isForeign) {
         ZELKIntrospection::getClassMethodNames(cls, methods, nonStaticMethods, selector);
     } else {
         getOpaqueObjectMethods(value.get(), methods);
-        excluded = ZELKContextData::getZELKMethodsExcludeSet();
     }
     std::erase_if(methods, [&](const std::u16string& method) {
-        return method == name || excluded.contains(method) || isQualified(method);
+        return method == name || (isForeign && ZELKContextData::MethodInfo::isOperatorOverload(method)) ||
+               isQualified(method);
     });
     return methods;
 }

@@ -1,6 +1,7 @@
 #include "contextdata/visitors/custom_getter.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "contextdata/property_visitor.h"
 #include "host/exceptions.h"
@@ -18,9 +19,19 @@ namespace contextdata::visitors {
 
 namespace {
 
+using Flags = std::vector<zelk::COSInternedID>;
+
+Flags internedFlags() {
+    const std::vector<std::string>& names = ZELKContextData::getAttributesToTreatAsHavingCustomGetters();
+    Flags flags;
+    flags.reserve(names.size());
+    std::transform(names.begin(), names.end(), std::back_inserter(flags), zelk::internal::makeInterned);
+    return flags;
+}
+
 /// Whether the author set an attribute of a name; one of another type than a flag says nothing.
-bool hasFlag(const zelk::COSPropInfo& property, const std::string& name) {
-    const zelk::COSAttributePtr attribute = property.findAttribute(zelk::internal::makeInterned(name));
+bool hasFlag(const zelk::COSPropInfo& property, zelk::COSInternedID name) {
+    const zelk::COSAttributePtr attribute = property.findAttribute(name);
     if (!attribute) {
         return false;
     }
@@ -29,20 +40,22 @@ bool hasFlag(const zelk::COSPropInfo& property, const std::string& name) {
            attribute->getValue(zelk::COSGetPublicClient()) != nullptr;
 }
 
-bool askForCustomGetter(const zelk::COSPropInfo& property) {
+bool askForCustomGetter(const zelk::COSPropInfo& property, Flags& flags) {
     const zelk::COSExtendedPropInfo* extended = property.getExtended();
     if (extended != nullptr && extended->hasCustomGetter()) {
         return true;
     }
-    const std::vector<std::string>& names = ZELKContextData::getAttributesToTreatAsHavingCustomGetters();
-    return std::any_of(names.begin(), names.end(), [&](const std::string& name) { return hasFlag(property, name); });
+    if (flags.empty()) {
+        flags = internedFlags();
+    }
+    return std::any_of(flags.begin(), flags.end(), [&](zelk::COSInternedID name) { return hasFlag(property, name); });
 }
 
 }  // namespace
 
-bool hasCustomGetter(const zelk::COSPropInfo& property) {
+bool hasCustomGetter(const zelk::COSPropInfo& property, Flags& flags) {
     try {
-        return askForCustomGetter(property);
+        return askForCustomGetter(property, flags);
     } catch (const foundation::core::except::InterruptException&) {
         throw;
     } catch (...) {

@@ -32,12 +32,13 @@ bool isStored(const zelk::COSPropInfo& property) {
     }
 }
 
-PropertyInfo recordOf(const char* name, const zelk::COSPropInfo& property) {
+PropertyInfo recordOf(const char* name, const zelk::COSPropInfo& property,
+                      std::vector<zelk::COSInternedID>& customGetterFlags) {
     PropertyInfo record;
     analyseType(property.getDataType(), record);
     record.name = fl::i18n::to_ustring(name);
     record.readFlag = property.isReadOnly();
-    record.hasCustomGetter = hasCustomGetter(property);
+    record.hasCustomGetter = hasCustomGetter(property, customGetterFlags);
     record.extendedFlag = isStored(property);
     return record;
 }
@@ -52,6 +53,7 @@ PropertyVisitorMutable::~PropertyVisitorMutable() = default;
 void PropertyVisitorMutable::clear() {
     collected_.clear();
     hidden_.clear();
+    customGetterFlags_.clear();
 }
 
 void PropertyVisitorMutable::clear(const PropertyInfo::GetOptions& options) {
@@ -77,7 +79,7 @@ void PropertyVisitorMutable::visit(zelk::COSInterfacePtr handle, zelk::COSPropIn
     if (!isDeclaredBy(declarerOf(handle), *visitedClass_) || !isAccessible(property)) {
         return;
     }
-    PropertyInfo record = recordOf(name, *property);
+    PropertyInfo record = recordOf(name, *property, customGetterFlags_);
     const bool isShown = includeHidden_ || property->getVisibility() == zelk::shownVisibility;
     (isShown ? collected_ : hidden_).push_back(std::move(record));
 }

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <stdexcept>
 #include <string_view>
@@ -26,14 +25,19 @@ bool isName(std::u16string_view text) {
     });
 }
 
+bool isBlank(char16_t unit) { return unit == u' ' || (unit >= u'\t' && unit <= u'\r'); }
+
 std::u16string_view trimmed(std::u16string_view text) {
-    constexpr std::u16string_view blanks = u" \t\n\v\f\r";
-    const std::size_t first = text.find_first_not_of(blanks);
-    return first == std::u16string_view::npos ? std::u16string_view()
-                                              : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
 }
 
-std::uint32_t toNumber(std::u16string_view text) {
+std::uint64_t toNumber(std::u16string_view text) {
     const std::u16string_view digits = trimmed(text);
     if (digits.empty()) {
         throw SizeStringException("Empty");
@@ -41,13 +45,12 @@ std::uint32_t toNumber(std::u16string_view text) {
     if (!std::all_of(digits.begin(), digits.end(), isDigit)) {
         throw SizeStringException("Non number");
     }
-    std::string narrow(digits.size(), '\0');
-    std::transform(digits.begin(), digits.end(), narrow.begin(), [](char16_t unit) { return static_cast<char>(unit); });
-    std::uint32_t number = 0;
-    const auto [end, error] = std::from_chars(narrow.data(), narrow.data() + narrow.size(), number);
-    // Digits alone can go wrong in one way only.
-    if (error != std::errc()) {
-        throw SizeStringException("stoul argument out of range");
+    std::uint64_t number = 0;
+    for (const char16_t digit : digits) {
+        number = 10 * number + (digit - u'0');
+        if (number > std::numeric_limits<std::uint32_t>::max()) {
+            throw SizeStringException("stoul argument out of range");
+        }
     }
     return number;
 }

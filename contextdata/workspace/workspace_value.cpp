@@ -3,7 +3,9 @@
 #include <utility>
 #include <vector>
 
+#include "contextdata/identity/interning.h"
 #include "contextdata/introspection.h"
+#include "contextdata/introspection/class_lookup.h"
 #include "contextdata/other_object_systems.h"
 #include "contextdata/values.h"
 #include "contextdata/values/output_slot.h"
@@ -38,11 +40,12 @@ bool lists(const qxArray* value, const char* function, const std::u16string& nam
 
 // Methods come first in both: one that bears the name of a property would be called by an evaluation.
 
-Step stepIntoObject(const qxArray* object, const std::string& member) {
-    if (ZELKIntrospection::hasMethod(object, member)) {
+Step stepIntoObject(const qxArray* object, zelk::COSClass& cls, const std::string& member) {
+    const zelk::COSInternedID name = contextdata::identity::internName(member);
+    if (contextdata::introspection::hasAnyMethod(cls, name)) {
         return Step::nowhere();
     }
-    const bool isProperty = ZELKIntrospection::hasProperty(object, member);
+    const bool isProperty = cls.findProperty(name) != nullptr;
     return Step::to(isProperty ? getSharedProperty(object, member, 0) : qxSharedArray());
 }
 
@@ -62,8 +65,8 @@ Step stepInto(const qxArray* value, const std::string& member) {
     if (hasFields(id)) {
         return Step::to(qxGetField(value, 0, member.c_str()));
     }
-    if (ZELKIntrospection::isZELKObject(value)) {
-        return stepIntoObject(value, member);
+    if (zelk::COSClass* cls = ZELKIntrospection::getCOSClass(value)) {
+        return stepIntoObject(value, *cls, member);
     }
     return id == qxClassID::opaque ? stepIntoOpaque(value, member) : Step::nowhere();
 }
