@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <iterator>
+#include <numeric>
 #include <utility>
+
+#include "frontends/completion/name_order.h"
 
 namespace contextdata::completion {
 
@@ -13,22 +17,37 @@ constexpr std::array<const char*, kindCount> kindTexts = {
     "method", "static method", "property", "constant", "enumeration member", "class",  "function", "namespace", "field",
     "key",    "argument",      "file",     "folder",   "variable",           "keyword"};
 
-bool nameBefore(const Item& left, const Item& right) { return left.name < right.name; }
+bool nameBefore(const Item& left, const Item& right) { return comesBefore(left.name, right.name); }
+
+bool sameName(const Item& left, const Item& right) {
+    return left.name.size() == right.name.size() &&
+           std::memcmp(left.name.data(), right.name.data(), left.name.size() * sizeof(char16_t)) == 0;
+}
+
+/// Moves each item to where it belongs; `places` says for each position which item comes there, and is used up.
+void rearrange(std::vector<Item>& items, std::vector<std::uint32_t>& places) {
+    for (std::uint32_t first = 0; first < places.size(); ++first) {
+        Item carried = std::move(items[first]);
+        std::uint32_t free = first;
+        while (places[free] != first) {
+            const std::uint32_t next = std::exchange(places[free], free);
+            items[free] = std::move(items[next]);
+            free = next;
+        }
+        places[free] = free;
+        items[free] = std::move(carried);
+    }
+}
 
 /// Items are large, so their places are sorted in their stead.
-std::vector<Item> sortedByName(std::vector<Item> items) {
-    std::vector<std::pair<std::u16string_view, std::size_t>> places;
-    places.reserve(items.size());
-    for (std::size_t place = 0; place < items.size(); ++place) {
-        places.emplace_back(items[place].name, place);
-    }
-    std::sort(places.begin(), places.end());
-    std::vector<Item> sorted;
-    sorted.reserve(items.size());
-    for (const auto& [name, place] : places) {
-        sorted.push_back(std::move(items[place]));
-    }
-    return sorted;
+void sortByName(std::vector<Item>& items) {
+    std::vector<std::uint32_t> places(items.size());
+    std::iota(places.begin(), places.end(), 0U);
+    // Of one name, the first stays the first.
+    std::stable_sort(places.begin(), places.end(), [&](std::uint32_t left, std::uint32_t right) {
+        return comesBefore(items[left].name, items[right].name);
+    });
+    rearrange(items, places);
 }
 
 }  // namespace
@@ -37,9 +56,8 @@ const char* textOf(Kind kind) noexcept { return kindTexts[static_cast<std::size_
 
 Items sortedOnce(std::vector<Item> items) {
     if (!std::is_sorted(items.begin(), items.end(), nameBefore)) {
-        items = sortedByName(std::move(items));
+        sortByName(items);
     }
-    const auto sameName = [](const Item& left, const Item& right) { return left.name == right.name; };
     items.erase(std::unique(items.begin(), items.end(), sameName), items.end());
     return items;
 }

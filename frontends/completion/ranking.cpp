@@ -6,6 +6,8 @@
 #include <iterator>
 #include <utility>
 
+#include "frontends/completion/name_order.h"
+
 namespace contextdata::completion {
 
 namespace {
@@ -157,7 +159,7 @@ SortKey withMatch(SortKey key, Match match) noexcept {
 }
 
 bool ranksBefore(const Item& left, const Item& right) noexcept {
-    return left.sortKey != right.sortKey ? left.sortKey < right.sortKey : left.name < right.name;
+    return left.sortKey != right.sortKey ? left.sortKey < right.sortKey : comesBefore(left.name, right.name);
 }
 
 Items chosen(std::vector<Item> items, const Choice& choice) {

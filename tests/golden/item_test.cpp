@@ -3,8 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+#include <string>
+
+#include "frontends/completion/name_order.h"
+
 namespace {
 
+using contextdata::completion::comesBefore;
 using contextdata::completion::Item;
 using contextdata::completion::Items;
 using contextdata::completion::Kind;
@@ -30,6 +37,40 @@ TEST(Items, ofTheFirstListWinWhenListsAreMerged) {
 TEST(Items, keepTheirFirstWhereverEqualOnesStand) {
     EXPECT_THAT(sortedOnce({item(u"b", Kind::key), item(u"a"), item(u"b"), item(u"c"), item(u"b")}),
                 ElementsAre(item(u"a"), item(u"b", Kind::key), item(u"c")));
+}
+
+TEST(Items, areSortedFromAnyOrder) {
+    std::mt19937 random(1);
+    for (std::size_t count = 0; count <= 200; ++count) {
+        std::vector<Item> items;
+        std::map<std::u16string, Kind> firsts;
+        for (std::size_t number = 0; number < count; ++number) {
+            const std::string name = "attribute_number_" + std::to_string(random() % 150);
+            const Kind kind = random() % 2 == 0 ? Kind::field : Kind::method;
+            items.push_back({{name.begin(), name.end()}, kind, {}});
+            firsts.try_emplace(items.back().name, kind);
+        }
+        Items expected;
+        for (const auto& [name, kind] : firsts) {
+            expected.push_back({name, kind, {}});
+        }
+        EXPECT_EQ(sortedOnce(items), expected) << count;
+    }
+}
+
+TEST(NameOrder, isThatOfTheTextsThemselves) {
+    std::vector<std::u16string> names = {u"", u"a", u"\uFFFF", u"\xD800"};
+    const std::u16string longest = u"names that begin alike";
+    for (std::size_t length = 1; length <= longest.size(); ++length) {
+        names.push_back(longest.substr(0, length));
+        names.push_back(longest.substr(0, length) + u"\u0100");
+        names.push_back(longest.substr(0, length) + u"\x01");
+    }
+    for (const std::u16string& left : names) {
+        for (const std::u16string& right : names) {
+            EXPECT_EQ(comesBefore(left, right), left < right) << left.size() << ", " << right.size();
+        }
+    }
 }
 
 TEST(Items, withoutOthersAreThoseWhoseNamesTheOthersLack) {

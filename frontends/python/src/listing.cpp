@@ -6,6 +6,7 @@
 #include <numeric>
 #include <utility>
 
+#include "frontends/completion/name_order.h"
 #include "frontends/python/src/errors.h"
 #include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/python_text.h"
@@ -14,6 +15,7 @@
 namespace contextdata::python {
 
 using completion::Choice;
+using completion::comesBefore;
 using completion::Item;
 using completion::Items;
 using completion::Match;
@@ -111,7 +113,7 @@ pybind11::object Listing::sorted(std::u16string_view prefix, Items more) const {
     if (!more.empty()) {
         const auto first = items_.begin() + static_cast<std::ptrdiff_t>(range.first);
         const auto last = items_.begin() + static_cast<std::ptrdiff_t>(range.second);
-        const auto isBefore = [](const Item& left, const Item& right) { return left.name < right.name; };
+        const auto isBefore = [](const Item& left, const Item& right) { return comesBefore(left.name, right.name); };
         return merged(completions_, range.first, range.second, more, [&](const Item& item) {
             return static_cast<std::size_t>(std::lower_bound(first, last, item, isBefore) - items_.begin());
         });
@@ -145,7 +147,7 @@ pybind11::object Listing::allRanked(const Items& more) const {
     }
     const auto isBefore = [&](std::uint32_t place, const Item& item) {
         const SortKey key = order.keys[place];
-        return key != item.sortKey ? key < item.sortKey : items_[place].name < item.name;
+        return key != item.sortKey ? key < item.sortKey : comesBefore(items_[place].name, item.name);
     };
     return merged(order.completions, 0, items_.size(), more, [&](const Item& item) {
         const auto place = std::lower_bound(order.places.begin(), order.places.end(), item, isBefore);
