@@ -68,11 +68,17 @@ CONTEXTDATA_PYTHON_HOST_API std::optional<StructureStamp> stampOf(PyTypeObject* 
 /// Holds for as long as the stamp of the class does.
 CONTEXTDATA_PYTHON_HOST_API bool hasDirectoryHook(PyTypeObject* type);
 
-/// The names that an object adds to those of its class, as UTF-8: its own public attributes and what its `__dir__`
-/// adds. Names of the class may be among them. Runs that hook, and no other code of the object's. Throws the interrupt.
-CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> namesOf(PyObject* object);
+/// The names that an object adds to those of its class, as UTF-8.
+struct OwnNames {
+    std::vector<std::string> names;
+    /// So many at the beginning are the object's own public attributes; what its `__dir__` adds follows.
+    std::size_t attributeCount = 0;
+};
 
-/// A number that no other state of the names that `namesOf` gives has, as far as these are the keys of one dictionary:
+/// Names of the class may be among them. Runs that hook, and no other code of the object's. Throws the interrupt.
+CONTEXTDATA_PYTHON_HOST_API OwnNames ownNamesOf(PyObject* object);
+
+/// A number that no other state of the names that `ownNamesOf` gives has, as far as these are the keys of one dictionary:
 /// of an object whose class has no directory hook. Nothing for an object that has no dictionary (yet).
 CONTEXTDATA_PYTHON_HOST_API std::optional<std::uint64_t> versionOfNames(PyObject* object) noexcept;
 

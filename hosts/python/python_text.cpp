@@ -29,6 +29,16 @@ std::string_view asciiOf(PyObject* text) {
     return {static_cast<const char*>(PyUnicode_DATA(text)), static_cast<std::size_t>(PyUnicode_GET_LENGTH(text))};
 }
 
+/// Digits anywhere but at the beginning.
+bool isAsciiIdentifier(std::string_view text) noexcept {
+    const auto isStart = [](char unit) {
+        return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') || unit == '_';
+    };
+    return !text.empty() && isStart(text.front()) && std::all_of(text.begin() + 1, text.end(), [&](char unit) {
+        return isStart(unit) || (unit >= '0' && unit <= '9');
+    });
+}
+
 }  // namespace
 
 std::optional<std::string_view> utf8Of(PyObject* text, std::string& buffer) {
@@ -98,13 +108,17 @@ PyObject* makeText(std::string_view utf8) noexcept {
     return text;
 }
 
-bool isIdentifier(PyObject* text) noexcept { return PyUnicode_IS_READY(text) && PyUnicode_IsIdentifier(text) == 1; }
+// Within ASCII without the interpreter's help, which looks up each letter: every key of every class comes by.
+bool isIdentifier(PyObject* text) noexcept {
+    if (!PyUnicode_IS_READY(text)) {
+        return false;
+    }
+    return PyUnicode_IS_ASCII(text) ? isAsciiIdentifier(asciiOf(text)) : PyUnicode_IsIdentifier(text) == 1;
+}
 
 bool isIdentifier(std::string_view utf8) noexcept {
-    const auto isLetter = [](char c) { return c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
-    const auto isPlain = [&](char c) { return isLetter(c) || (c >= '0' && c <= '9'); };
-    if (std::all_of(utf8.begin(), utf8.end(), isPlain)) {
-        return !utf8.empty() && isLetter(utf8.front());
+    if (std::all_of(utf8.begin(), utf8.end(), [](char unit) { return static_cast<unsigned char>(unit) < 0x80; })) {
+        return isAsciiIdentifier(utf8);
     }
     const Ref text = Ref::steal(makeText(utf8));
     return text && isIdentifier(text.get());

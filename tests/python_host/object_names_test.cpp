@@ -4,6 +4,7 @@
 #include "host/exceptions.h"
 #include "host/i18n.h"
 #include "host/interpreter.h"
+#include "hosts/python/python_host.h"
 #include "tests/python_host/session.h"
 
 namespace {
@@ -28,6 +29,15 @@ TEST_F(ObjectNames, TheListingHookAddsNames) {
     run("class A:\n x = 1\n def f(self): pass\n def __dir__(self): return ['extra', 'f', 'x', '_no', 'a b', 3]\n"
         "a = A()\na.own = 1");
     EXPECT_THAT(call("properties", "a"), ElementsAre("x", "own", "extra"));
+}
+
+TEST_F(ObjectNames, OwnNamesAreAttributesAndThenWhatTheHookAdds) {
+    run("class A:\n p = 1\n def f(self): pass\n def __dir__(self): return ['extra', 'own', 'extra', 'more', 'p']\n"
+        "a = A()\na.own = 1\na.p = 2\na._hidden = 3");
+    const qxUniqueArray held = value("a");
+    const python_host::OwnNames names = python_host::ownNamesOf(python_host::unwrap(held.get()));
+    EXPECT_THAT(names.names, ElementsAre("own", "p", "extra", "more"));
+    EXPECT_EQ(names.attributeCount, 2U);
 }
 
 TEST_F(ObjectNames, WhatTheListingHookPrintsIsThrownAway) {

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "frontends/completion/ask.h"
-#include "frontends/completion/value_members.h"
 #include "host/i18n.h"
 #include "hosts/python/python_host.h"
 
@@ -13,12 +12,13 @@ using completion::Item;
 using completion::Kind;
 
 std::vector<Item> ownNames(const qxSharedArray& value, PyObject* object) {
-    if (qxGetClassID(value.get()) == qxClassID::structure) {
-        return completion::ownMembers(value.get());
-    }
+    const python_host::OwnNames own = completion::unlessItFails([&] { return python_host::ownNamesOf(object); });
+    const bool isRecord = qxGetClassID(value.get()) == qxClassID::structure;
     std::vector<Item> items;
-    for (const std::string& name : completion::unlessItFails([&] { return python_host::namesOf(object); })) {
-        items.push_back({fl::i18n::to_ustring(name), Kind::property, {}});
+    items.reserve(own.names.size());
+    for (const std::string& name : own.names) {
+        const bool isField = isRecord && items.size() < own.attributeCount;
+        items.push_back({fl::i18n::to_ustring(name), isField ? Kind::field : Kind::property, {}});
     }
     return items;
 }

@@ -13,8 +13,8 @@ namespace contextdata::python {
 /// The names that an object has of its own, in its own order; they may repeat names of its class. `value` stands for
 /// `object`. May run the directory hook of the class; the interrupt passes.
 ///
-/// What a record holds are fields, which the library tells from properties. Any other object is asked for its own
-/// names alone, since its "properties" would repeat all that the class offers.
+/// The attributes of a record are its fields. "properties" is not asked for, as it would repeat all that the class
+/// offers.
 std::vector<completion::Item> ownNames(const qxSharedArray& value, PyObject* object);
 
 }  // namespace contextdata::python

@@ -46,11 +46,6 @@ void appendModuleVariables(PyObject* module, UniqueNameList& names) {
     });
 }
 
-void appendOwnNames(PyObject* object, const MemberTable& members, UniqueNameList& names) {
-    appendPublicKeys(instanceDictionary(object), names);
-    appendDirectory(object, members, names);
-}
-
 }  // namespace
 
 NameList methodNamesOf(PyObject* object) {
@@ -73,17 +68,20 @@ NameList propertyNamesOf(PyObject* object) {
     if (PyModule_Check(object)) {
         appendModuleVariables(object, names);
     } else if (!PyType_Check(object)) {
-        appendOwnNames(object, *members, names);
+        appendPublicKeys(instanceDictionary(object), names);
+        appendDirectory(object, *members, names);
     }
     return std::move(names).take();
 }
 
-std::vector<std::string> namesOf(PyObject* object) {
+OwnNames ownNamesOf(PyObject* object) {
     checkForInterrupt();
     UniqueNameList names;
-    appendOwnNames(object, *membersOf(object), names);
+    appendPublicKeys(instanceDictionary(object), names);
+    const std::size_t attributeCount = names.size();
+    appendDirectory(object, *membersOf(object), names);
     const NameList own = std::move(names).take();
-    return {own.names().begin(), own.names().end()};
+    return {{own.names().begin(), own.names().end()}, attributeCount};
 }
 
 std::optional<std::uint64_t> versionOfNames(PyObject* object) noexcept {
