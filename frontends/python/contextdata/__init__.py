@@ -23,6 +23,10 @@ from ._native import Completion, Completions, complete, members, policy, set_pol
 
 _Sequence.register(Completions)
 
+# Much of a first answer is the loading of code and the making of tables. Whoever imports this is going to ask, and is
+# not to wait then.
+complete("nothing.", namespace={"nothing": None})
+
 __all__ = [
     "Attributes",
     "Completion",
