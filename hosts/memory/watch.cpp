@@ -9,9 +9,14 @@ void Watch::hear(Service service, std::string_view argument) {
     }
 }
 
-bool Watch::hearsAndAnswersNull(Service service, std::string_view argument) {
-    hear(service, argument);
-    return faults.answersNull(service);
+bool entersWatched(Service service, std::string_view argument) {
+    if (!activeWatch->looksOn()) {
+        return false;
+    }
+    activeWatch->hear(service, argument);
+    return activeWatch->faults.answersNull(service);
 }
+
+bool entersWatched(Service service, zelk::COSInternedID argument) { return entersWatched(service, argument.view()); }
 
 }  // namespace memory_host

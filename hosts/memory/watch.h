@@ -20,9 +20,6 @@ struct Watch {
     /// The journal hears of the call, and whoever waits for it.
     void hear(Service service, std::string_view argument);
 
-    /// The same, and then what the plan says of the call. Not inline, so that calls which nobody looks at are short.
-    bool hearsAndAnswersNull(Service service, std::string_view argument);
-
     std::thread::id thread = std::this_thread::get_id();
     CallJournal journal;
     FaultPlan faults;
@@ -32,25 +29,29 @@ struct Watch {
 /// The watch of the world that stands; null when there is none or when it is unwatched.
 inline Watch* activeWatch = nullptr;
 
-/// What a call is journalled with; made only when somebody looks on, for it costs more than most calls.
-inline std::string_view argumentOf(std::string_view text) { return text; }
-inline std::string_view argumentOf(zelk::COSInternedID id) { return id.view(); }
+/// What `entersToNull` says while there is a watch. Apart from it and cold, so that a call which nobody looks at is a
+/// single test.
+/// @{
+[[gnu::cold]] bool entersWatched(Service service, std::string_view argument);
+[[gnu::cold]] bool entersWatched(Service service, zelk::COSInternedID argument);
+/// @}
 
 /// Passes a call through the gate. True when the plan asks for a null answer, which only services that may answer
 /// null heed. Throws what the plan says.
-template <class Argument = std::string_view>
-inline bool entersToNull(Service service, Argument argument = {}) {
-    if (activeWatch == nullptr || !activeWatch->looksOn()) [[likely]] {
-        return false;
-    }
-    return activeWatch->hearsAndAnswersNull(service, argumentOf(argument));
+/// @{
+inline bool entersToNull(Service service, std::string_view argument = {}) {
+    return activeWatch != nullptr && entersWatched(service, argument);
 }
+inline bool entersToNull(Service service, zelk::COSInternedID argument) {
+    return activeWatch != nullptr && entersWatched(service, argument);
+}
+/// @}
 
 /// The same for services that never answer null.
-template <class Argument = std::string_view>
-inline void enter(Service service, Argument argument = {}) {
-    entersToNull(service, argument);
-}
+/// @{
+inline void enter(Service service, std::string_view argument = {}) { entersToNull(service, argument); }
+inline void enter(Service service, zelk::COSInternedID argument) { entersToNull(service, argument); }
+/// @}
 
 /// The same for services that never fail: the journal hears of the call, the fault plan does not.
 inline void note(Service service, std::string_view argument = {}) noexcept {
