@@ -1,6 +1,4 @@
 // Packages of the older object system, Java, structures, and what lies in a folder.
-#include <boost/make_shared.hpp>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -8,14 +6,13 @@
 #include <string_view>
 
 #include "bench/floors/questions.h"
+#include "bench/floors/silent_evaluation.h"
 #include "contextdata/other_object_systems.h"
 #include "contextdata/what_list.h"
 #include "contextdata/workspace.h"
 #include "host/dispatcher.h"
-#include "host/error_mode.h"
 #include "host/evaluation.h"
 #include "host/i18n.h"
-#include "host/streams.h"
 #include "host/text.h"
 
 namespace bench {
@@ -127,24 +124,7 @@ Names floorPackage(const std::u16string& package) {
 }
 
 bool floorIsPackage(const std::u16string& name) {
-    if (!inValidInterpreterAvailable()) {
-        return false;
-    }
-    const boost::shared_ptr<OutputSink> sink = boost::make_shared<OutputCapture>();
-    OutputStream& output = OutputStream::standardOutput();
-    output.push(sink);
-    OutputStream& error = OutputStream::standardError();
-    error.push(sink);
-    const qxErrorMode mode = getErrorMode();
-    setErrorMode(qxErrorMode::disabled);
-    qxArray* value = nullptr;
-    inEvalExp(u"isa(findpackage('" + name + u"'), 'opaque');", 1, &value, true, inEvaluationSource::introspection);
-    setErrorMode(mode);
-    error.flush();
-    error.pop();
-    output.flush();
-    output.pop();
-    const qxUniqueArray answer(value);
+    const qxUniqueArray answer = evaluatedSilently(u"isa(findpackage('" + name + u"'), 'opaque');", true);
     return answer && qxIsLogicalScalarTrue(answer.get());
 }
 

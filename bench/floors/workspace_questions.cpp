@@ -1,6 +1,4 @@
 // Values behind what somebody typed, silent evaluation, and the methods of a variable's value.
-#include <boost/make_shared.hpp>
-
 #include <algorithm>
 #include <memory>
 #include <set>
@@ -8,6 +6,7 @@
 #include <unordered_set>
 
 #include "bench/floors/questions.h"
+#include "bench/floors/silent_evaluation.h"
 #include "contextdata/exclusion_tables.h"
 #include "contextdata/workspace.h"
 #include "contextdata/workspace_methods.h"
@@ -17,7 +16,6 @@
 #include "host/evaluation.h"
 #include "host/i18n.h"
 #include "host/interpreter.h"
-#include "host/streams.h"
 #include "host/text.h"
 
 namespace bench {
@@ -118,26 +116,7 @@ qxSharedArray foreignFieldOf(const qxArray* value, const std::string& name) {
     return shared(qxGetPropertyShared(value, 0, name.c_str()));
 }
 
-qxSharedArray evaluatedByHand() {
-    if (!inValidInterpreterAvailable()) {
-        return {};
-    }
-    const boost::shared_ptr<OutputSink> sink = boost::make_shared<OutputCapture>();
-    OutputStream& output = OutputStream::standardOutput();
-    output.push(sink);
-    OutputStream& error = OutputStream::standardError();
-    error.push(sink);
-    const qxErrorMode mode = getErrorMode();
-    setErrorMode(qxErrorMode::disabled);
-    qxArray* value = nullptr;
-    inEvalExp(indexed, 1, &value, false, inEvaluationSource::introspection);
-    setErrorMode(mode);
-    error.flush();
-    error.pop();
-    output.flush();
-    output.pop();
-    return {value, false};
-}
+qxSharedArray evaluatedByHand() { return {evaluatedSilently(indexed, false).release(), false}; }
 
 /// The first name is a variable, the rest is no name: the whole text is evaluated.
 qxSharedArray walkedAndEvaluated() {
