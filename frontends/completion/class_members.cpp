@@ -37,6 +37,12 @@ bool readsAs(const char* name, std::u16string_view text, const fl::i18n::codecvt
     return name[text.size()] == '\0';
 }
 
+/// The class that declares a member, by its name and beside the one that is listed; of an unknown one, nothing.
+struct Origin {
+    std::u16string definingClass;
+    bool isInherited = false;
+};
+
 /// The declaring class of each member of one sort. The first member of a name decides, as it does in the listings.
 class DefiningClasses final : public zelk::COSVisitor<zelk::COSInterface*> {
 public:
@@ -50,15 +56,10 @@ public:
         }
     }
 
-    /// The item of a listed name. `listed` is the class whose members are listed.
-    Item itemOf(std::u16string name, Kind kind, const zelk::COSClass* listed) {
+    /// Where a listed name comes from. `listed` is the class whose members are listed.
+    Origin originOf(const std::u16string& name, const zelk::COSClass* listed) {
         zelk::COSClass* cls = declarerOf(name);
-        if (cls == nullptr) {
-            return {std::move(name), kind, {}};
-        }
-        Item item{std::move(name), kind, displayName(cls)};
-        item.isInherited = cls != listed;
-        return item;
+        return cls == nullptr ? Origin() : Origin{displayName(cls), cls != listed};
     }
 
     /// Another list begins.
@@ -148,7 +149,7 @@ struct Listed {
 };
 
 void append(std::vector<Item>& items, const Listed& of, Listing listing, Kind kind, DefiningClasses& definingClasses) {
-    const Names names = unlessItFails([&] {
+    Names names = unlessItFails([&] {
         Names listed;
         bool isOpen = false;
         listing(of.id, listed, isOpen);
@@ -156,9 +157,10 @@ void append(std::vector<Item>& items, const Listed& of, Listing listing, Kind ki
     });
     items.reserve(items.size() + names.size());
     definingClasses.rewind();
-    for (const std::u16string& name : names) {
-        Item item = unlessItFails([&] { return definingClasses.itemOf(name, kind, of.cls); });
-        items.push_back(item.name.empty() ? Item{name, kind, {}} : std::move(item));
+    for (std::u16string& name : names) {
+        Origin origin = unlessItFails([&] { return definingClasses.originOf(name, of.cls); });
+        Item& item = items.emplace_back(Item{std::move(name), kind, std::move(origin.definingClass)});
+        item.isInherited = origin.isInherited;
     }
 }
 

@@ -41,6 +41,10 @@ CONTEXTDATA_PYTHON_HOST_API qxUniqueArray wrap(PyObject* object);
 /// The object behind a value, borrowed from it; null for a value that the host made itself (a cell of names).
 CONTEXTDATA_PYTHON_HOST_API PyObject* unwrap(const qxArray* value) noexcept;
 
+/// Whether an object is a function of a known kind: Python's own, built in, compiled, a universal function, a cached or
+/// partial one. Told by its real type; an instance of a user's class with `__call__` is none.
+CONTEXTDATA_PYTHON_HOST_API bool isKnownFunction(PyObject* object) noexcept;
+
 /// The canonical id of a type in the class system. Never empty.
 CONTEXTDATA_PYTHON_HOST_API zelk::COSInternedID classIdOf(PyTypeObject* type);
 

@@ -2,6 +2,7 @@
 
 import decimal
 import email
+import functools
 import math
 import os
 import sys
@@ -85,6 +86,35 @@ def test_a_subclass_of_module_is_read_by_its_dict():
     trace.clear()
     assert names("lazy.", lazy=lazy) == ["plain"]
     assert trace == []
+
+
+def test_a_module_of_a_special_type_offers_its_properties_and_its_hook_is_not_asked():
+    class Special(types.ModuleType):
+        @property
+        def lazily(self):
+            raise AssertionError
+
+        def __dir__(self):
+            raise AssertionError
+
+    special = Special("special")
+    special.plain = 1
+    special.function = len
+    assert [(each.name, each.kind) for each in contextdata.complete("special.", namespace={"special": special})] == [
+        ("function", "function"), ("lazily", "property"), ("plain", "property")]
+
+
+def test_what_is_called_like_a_function_is_one_behind_its_module():
+    module = types.ModuleType("not_loaded")
+    module.cached = functools.lru_cache(len)
+    module.partial = functools.partial(len)
+    module.method = [].append
+    module.universal = numpy.add
+    module.written = lambda: None
+    module.instance = type("Callable", (), {"__call__": len})()
+    kinds = {each.name: each.kind for each in contextdata.complete("module.", namespace={"module": module})}
+    assert kinds == {"cached": "function", "partial": "function", "method": "function", "universal": "function",
+                     "written": "function", "instance": "property"}
 
 
 def test_members_of_a_module():

@@ -21,14 +21,19 @@ using completion::Subject;
 
 namespace {
 
+Kind kindOf(PyObject* value) {
+    return python_host::isKnownFunction(value) ? Kind::function : kindOfBound(value, Kind::property);
+}
+
 Items bindingsOf(PyObject* dictionary) {
     std::vector<Item> items;
+    items.reserve(static_cast<std::size_t>(PyDict_Size(dictionary)));
     Py_ssize_t position = 0;
     PyObject* key = nullptr;
     PyObject* value = nullptr;
     while (PyDict_Next(dictionary, &position, &key, &value) != 0) {
         if (isPublicName(key)) {
-            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOfBound(value, Kind::property), {}});
+            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOf(value), {}});
         }
     }
     return sortedOnce(std::move(items));
@@ -57,13 +62,11 @@ bool isAnyClose(const Items& items, std::u16string_view text) {
 }  // namespace
 
 Items membersOfModule(const qxSharedArray& value, PyObject* module) {
-    PyObject* dictionary = PyModule_GetDict(module);
-    Items listed = membersOf(completion::describe(value));
-    std::erase_if(listed, [dictionary](const Item& item) {
-        return item.kind == Kind::space && findName(dictionary, item.name) == nullptr;
-    });
-    // The namespace knows better than the bare value what a name is, so its word comes first.
-    return merged(withoutPrivateModules(std::move(listed)), bindingsOf(dictionary));
+    Items bound = bindingsOf(PyModule_GetDict(module));
+    if (PyModule_CheckExact(module)) {
+        return bound;
+    }
+    return merged(std::move(bound), completion::sortedOnce(completion::ownMembers(value.get())));
 }
 
 Items boundNames(std::span<const std::u16string_view> module) {

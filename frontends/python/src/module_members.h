@@ -16,8 +16,8 @@ namespace contextdata::python {
 /// The public names that a module binds.
 ///
 /// As a namespace it holds its modules on disk as well, which cannot be read until they are imported; and a module
-/// that is not loaded under its name is no namespace at all, yet binds names like any other. `value` stands for
-/// `module`. Depends on nothing but the module's dict.
+/// that is not loaded under its name is no namespace at all, yet binds names like any other. So the module's dict is
+/// read, and a module of a special type is asked for its properties as well. `value` stands for `module`.
 completion::Items membersOfModule(const qxSharedArray& value, PyObject* module);
 
 /// The modules with which an import statement may begin that are of a choice.

@@ -2,6 +2,7 @@
 
 #include <structmember.h>
 
+#include <algorithm>
 #include <array>
 
 #include "frontends/python/src/errors.h"
@@ -116,6 +117,18 @@ PyObject* orThrow(PyObject* object) {
     return object;
 }
 
+/// A completion without its fields. `PyStructSequence_New` would look up how many there are each time. The collector is
+/// not told: texts are all that it is going to hold, so it can be part of no cycle, and kept listings cost nothing.
+PyObject* newCompletion() {
+    constexpr Py_ssize_t fields = 3;
+    auto* made = PyObject_GC_NewVar(PyStructSequence, completionType, fields);
+    if (made == nullptr) {
+        throwRaised();
+    }
+    std::fill_n(made->ob_item, fields, nullptr);
+    return reinterpret_cast<PyObject*>(made);
+}
+
 }  // namespace
 
 void addResultTypes(pybind11::module_& module) {
@@ -130,14 +143,12 @@ void addResultTypes(pybind11::module_& module) {
 
 pybind11::object completionOf(const completion::Item& item, pybind11::object definer) {
     pybind11::object name = strOf(item.name);
-    auto made = pybind11::reinterpret_steal<pybind11::object>(orThrow(PyStructSequence_New(completionType)));
+    auto made = pybind11::reinterpret_steal<pybind11::object>(newCompletion());
     PyObject* kind = kindWords[static_cast<std::size_t>(item.kind)];
     Py_INCREF(kind);
     PyStructSequence_SET_ITEM(made.ptr(), 0, name.release().ptr());
     PyStructSequence_SET_ITEM(made.ptr(), 1, kind);
     PyStructSequence_SET_ITEM(made.ptr(), 2, definer.release().ptr());
-    // It holds texts only, so it can be part of no cycle, and kept listings cost the collector nothing.
-    PyObject_GC_UnTrack(made.ptr());
     return made;
 }
 

@@ -7,7 +7,7 @@
 #include "hosts/python/keys.h"
 #include "hosts/python/members/compiled_members.h"
 #include "hosts/python/namespaces/live_modules.h"
-#include "hosts/python/values/callables.h"
+#include "hosts/python/python_host.h"
 
 namespace python_host {
 

@@ -7,9 +7,9 @@
 #include "hosts/python/dictionaries.h"
 #include "hosts/python/interning.h"
 #include "hosts/python/members/member_access.h"
+#include "hosts/python/python_host.h"
 #include "hosts/python/python_text.h"
 #include "hosts/python/references.h"
-#include "hosts/python/values/callables.h"
 
 namespace python_host {
 

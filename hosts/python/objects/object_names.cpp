@@ -11,7 +11,6 @@
 #include "hosts/python/objects/instance_attributes.h"
 #include "hosts/python/python_host.h"
 #include "hosts/python/python_text.h"
-#include "hosts/python/values/callables.h"
 #include "hosts/python/values/value_kinds.h"
 
 namespace python_host {

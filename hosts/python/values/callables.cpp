@@ -6,6 +6,7 @@
 #include "hosts/python/classes/resolution_order.h"
 #include "hosts/python/keys.h"
 #include "hosts/python/namespaces/live_modules.h"
+#include "hosts/python/python_host.h"
 
 namespace python_host {
 

@@ -1,13 +1,9 @@
-// Which objects are functions, told by their real types.
+// What an object is, told by its real type.
 #pragma once
 
 #include <Python.h>
 
 namespace python_host {
-
-/// Whether the object is a function of a known kind: Python's own, built in, compiled, a universal function, a cached
-/// or partial one. An instance of a user's class with `__call__` is none.
-bool isKnownFunction(PyObject* object) noexcept;
 
 /// Whether the object is a property that keeps what it computed (`functools.cached_property`).
 bool isCachedProperty(PyObject* object) noexcept;

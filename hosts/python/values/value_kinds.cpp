@@ -2,6 +2,7 @@
 
 #include "hosts/python/classes/class_registry.h"
 #include "hosts/python/classes/resolution_order.h"
+#include "hosts/python/python_host.h"
 #include "hosts/python/python_text.h"
 #include "hosts/python/values/callables.h"
 #include "hosts/python/values/numpy_values.h"
