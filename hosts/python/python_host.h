@@ -72,18 +72,16 @@ CONTEXTDATA_PYTHON_HOST_API std::optional<StructureStamp> stampOf(PyTypeObject* 
 /// Holds for as long as the stamp of the class does.
 CONTEXTDATA_PYTHON_HOST_API bool hasDirectoryHook(PyTypeObject* type);
 
-/// The names that an object adds to those of its class, as UTF-8.
-struct OwnNames {
-    std::vector<std::string> names;
-    /// So many at the beginning are the object's own public attributes; what its `__dir__` adds follows.
-    std::size_t attributeCount = 0;
-};
+/// The dictionary of an object's own attributes, borrowed from it; null when it has none. Its keys may be anything.
+CONTEXTDATA_PYTHON_HOST_API PyObject* attributesOf(PyObject* object) noexcept;
 
-/// Names of the class may be among them. Runs that hook, and no other code of the object's. Throws the interrupt.
-CONTEXTDATA_PYTHON_HOST_API OwnNames ownNamesOf(PyObject* object);
+/// The names that the `__dir__` of an object's class adds to those of the class, as UTF-8; own attributes may be among
+/// them. Runs that hook, and no other code of the object's. Throws the interrupt.
+CONTEXTDATA_PYTHON_HOST_API std::vector<std::string> directoryNamesOf(PyObject* object);
 
-/// A number that no other state of the names that `ownNamesOf` gives has, as far as these are the keys of one dictionary:
-/// of an object whose class has no directory hook. Nothing for an object that has no dictionary (yet).
+/// A number that no other state of the names has that an object adds to those of its class, as far as these are the
+/// keys of one dictionary: of an object whose class has no directory hook. Nothing for an object that has no dictionary
+/// (yet).
 CONTEXTDATA_PYTHON_HOST_API std::optional<std::uint64_t> versionOfNames(PyObject* object) noexcept;
 
 /// The attributes of an object's own whose names begin with one underscore, as UTF-8: what custom keeps from everybody,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frontends/completion/value_members.h"
+#include "frontends/python/src/bindings.h"
 #include "frontends/python/src/names.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/variables.h"
@@ -25,19 +26,7 @@ Kind kindOf(PyObject* value) {
     return python_host::isKnownFunction(value) ? Kind::function : kindOfBound(value, Kind::property);
 }
 
-Items bindingsOf(PyObject* dictionary) {
-    std::vector<Item> items;
-    items.reserve(static_cast<std::size_t>(PyDict_Size(dictionary)));
-    Py_ssize_t position = 0;
-    PyObject* key = nullptr;
-    PyObject* value = nullptr;
-    while (PyDict_Next(dictionary, &position, &key, &value) != 0) {
-        if (isPublicName(key)) {
-            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOf(value), {}});
-        }
-    }
-    return sortedOnce(std::move(items));
-}
+Items bindingsOf(PyObject* dictionary) { return completion::sortedOnce(publicBindings(dictionary, kindOf)); }
 
 bool isUnloaded(const Subject& subject) {
     return subject.nature == Subject::Nature::space &&

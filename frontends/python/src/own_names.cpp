@@ -3,6 +3,7 @@
 #include <string>
 
 #include "frontends/completion/ask.h"
+#include "frontends/python/src/bindings.h"
 #include "host/i18n.h"
 #include "hosts/python/python_host.h"
 
@@ -12,13 +13,12 @@ using completion::Item;
 using completion::Kind;
 
 std::vector<Item> ownNames(const qxSharedArray& value, PyObject* object) {
-    const python_host::OwnNames own = completion::unlessItFails([&] { return python_host::ownNamesOf(object); });
     const bool isRecord = qxGetClassID(value.get()) == qxClassID::structure;
-    std::vector<Item> items;
-    items.reserve(own.names.size());
-    for (const std::string& name : own.names) {
-        const bool isField = isRecord && items.size() < own.attributeCount;
-        items.push_back({fl::i18n::to_ustring(name), isField ? Kind::field : Kind::property, {}});
+    const Kind kindOfAttributes = isRecord ? Kind::field : Kind::property;
+    std::vector<Item> items =
+        publicBindings(python_host::attributesOf(object), [kindOfAttributes](PyObject*) { return kindOfAttributes; });
+    for (const std::string& name : completion::unlessItFails([&] { return python_host::directoryNamesOf(object); })) {
+        items.push_back({fl::i18n::to_ustring(name), Kind::property, {}});
     }
     return items;
 }

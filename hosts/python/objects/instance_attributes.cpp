@@ -21,12 +21,10 @@ PyObject* storedAttribute(PyObject* object, const char* name) {
 
 void appendPublicKeys(PyObject* dictionary, UniqueNameList& names) {
     std::string buffer;
-    // A dictionary has each key once.
-    const bool areNew = names.size() == 0;
     eachTextItem(dictionary, [&](PyObject* key, PyObject* /*value*/) {
         const auto name = utf8Of(key, buffer);
         if (name && !startsWithUnderscore(*name) && isIdentifier(key)) {
-            areNew ? names.appendNew(*name) : names.append(*name);
+            names.append(*name);
         }
     });
 }

@@ -11,12 +11,9 @@ void NameList::append(std::string_view name) {
 }
 
 void UniqueNameList::append(std::string_view name) {
-    const std::vector<std::string_view>& names = list_.names();
-    for (; seenCount_ < names.size(); ++seenCount_) {
-        seen_.insert(names[seenCount_]);
-    }
     if (!seen_.contains(name)) {
         list_.append(name);
+        seen_.insert(list_.names().back());
     }
 }
 

@@ -1,7 +1,6 @@
 // Names on their way into a cell.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <memory_resource>
 #include <string_view>
@@ -29,17 +28,11 @@ private:
 class UniqueNameList {
 public:
     void append(std::string_view name);
-
-    /// For a name that is known to be new.
-    void appendNew(std::string_view name) { list_.append(name); }
-
-    std::size_t size() const noexcept { return list_.names().size(); }
     NameList take() && { return std::move(list_); }
 
 private:
     NameList list_;
-    std::unordered_set<std::string_view> seen_;  // of the list, as far as it was when somebody last had to know
-    std::size_t seenCount_ = 0;
+    std::unordered_set<std::string_view> seen_;
 };
 
 }  // namespace python_host

@@ -73,14 +73,14 @@ NameList propertyNamesOf(PyObject* object) {
     return std::move(names).take();
 }
 
-OwnNames ownNamesOf(PyObject* object) {
+PyObject* attributesOf(PyObject* object) noexcept { return instanceDictionary(object); }
+
+std::vector<std::string> directoryNamesOf(PyObject* object) {
     checkForInterrupt();
     UniqueNameList names;
-    appendPublicKeys(instanceDictionary(object), names);
-    const std::size_t attributeCount = names.size();
     appendDirectory(object, *membersOf(object), names);
-    const NameList own = std::move(names).take();
-    return {{own.names().begin(), own.names().end()}, attributeCount};
+    const NameList added = std::move(names).take();
+    return {added.names().begin(), added.names().end()};
 }
 
 std::optional<std::uint64_t> versionOfNames(PyObject* object) noexcept {
