@@ -6,7 +6,6 @@
 #include <boost/locale/encoding_utf.hpp>
 #include <iterator>
 
-#include "hosts/ascii.h"
 #include "hosts/memory/encoding.h"
 #include "hosts/memory/watch.h"
 
@@ -40,6 +39,20 @@ using memory_host::enter;
 using memory_host::Service;
 
 constexpr char16_t lastAscii = 0x7F;
+
+/// Each byte as a code unit; nothing when one of them is beyond ASCII. One pass, without a branch for each.
+std::optional<std::u16string> widenedAscii(std::string_view text) {
+    std::u16string wide(text.size(), u'\0');
+    char16_t seen = 0;
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        wide[index] = static_cast<unsigned char>(text[index]);
+        seen |= wide[index];
+    }
+    if (seen > lastAscii) {
+        return std::nullopt;
+    }
+    return wide;
+}
 
 constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
@@ -94,7 +107,7 @@ std::string to_string(std::u16string_view text, const codecvt_ustring_to_string&
 
 std::u16string to_ustring(std::string_view text) {
     enter(Service::toUstring, text);
-    if (std::optional<std::u16string> wide = hosts::widenedAscii(text)) {
+    if (std::optional<std::u16string> wide = widenedAscii(text)) {
         return *std::move(wide);
     }
     try {
@@ -106,7 +119,7 @@ std::u16string to_ustring(std::string_view text) {
 
 std::u16string to_ustring(std::string_view text, const codecvt_ascii_to_ustring& converter) {
     enter(Service::toUstring, text);
-    if (std::optional<std::u16string> wide = hosts::widenedAscii(text)) {
+    if (std::optional<std::u16string> wide = widenedAscii(text)) {
         return *std::move(wide);
     }
     if (converter.refuses()) {

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "hosts/ascii.h"
+#include "hosts/python/ascii.h"
 #include "hosts/python/utf.h"
 
 namespace fl::i18n {
@@ -87,7 +87,7 @@ std::string narrow(std::u16string_view text, bool refuse) {
 }
 
 std::u16string widen(std::string_view text, bool refuse) {
-    if (std::optional<std::u16string> wide = hosts::widenedAscii(text)) {
+    if (std::optional<std::u16string> wide = python_host::widenedAscii(text)) {
         return *std::move(wide);
     }
     std::u16string result;

@@ -23,8 +23,9 @@ std::vector<Name> someNames(std::size_t count, std::size_t firstBeyondAscii) {
     for (std::size_t number = 0; number < count; ++number) {
         const std::string digits = std::to_string(number);
         const bool isAscii = number < firstBeyondAscii;
-        names.push_back({(isAscii ? "aNameOfUsualLength" : "caf\xC3\xA9") + digits,
-                         (isAscii ? u"aNameOfUsualLength" : u"caf\u00E9") + std::u16string(digits.begin(), digits.end())});
+        names.push_back(
+            {(isAscii ? "aNameOfUsualLength" : "caf\xC3\xA9") + digits,
+             (isAscii ? u"aNameOfUsualLength" : u"caf\u00E9") + std::u16string(digits.begin(), digits.end())});
     }
     return names;
 }

@@ -32,7 +32,8 @@ TEST_F(ObjectNames, TheListingHookAddsNames) {
 }
 
 TEST_F(ObjectNames, TheListingHookAddsToTheClassWhetherOrNotTheObjectHasItAsWell) {
-    run("class A:\n p = 1\n def f(self): pass\n def __dir__(self): return ['extra', 'own', 'extra', 'more', 'p', '_no']\n"
+    run("class A:\n p = 1\n def f(self): pass\n def __dir__(self): return ['extra', 'own', 'extra', 'more', 'p', "
+        "'_no']\n"
         "a = A()\na.own = 1\nclass B: pass\nb = B()\nb.own = 1");
     const auto namesBehind = [](const char* name) {
         const qxUniqueArray held = value(name);

@@ -164,7 +164,8 @@ TEST_F(MemberNamesTest, FailureDuringTheMethodWalkPassesAndLeavesTheNamesSoFar) 
 
 TEST_F(MemberNamesTest, NameOfADefiningClassIsAskedOnceForMethodsInARow) {
     world.cls("bank.Base").method("third").method("Base").method("fourth");
-    const ClassBuilder cls = world.cls("bank.Account").derives("bank.Base").method("first").method("Account").method("second");
+    const ClassBuilder cls =
+        world.cls("bank.Account").derives("bank.Base").method("first").method("Account").method("second");
     EXPECT_THAT(methods(cls, 0), ElementsAre(u"first", u"second", u"third", u"fourth"));
     EXPECT_EQ(world.journal().countOf(Service::classGetName), 2U);
     Names names;

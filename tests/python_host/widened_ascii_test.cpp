@@ -1,11 +1,11 @@
-// Widening of ASCII, as the hosts do it.
+// Widening of ASCII.
 #include <gtest/gtest.h>
 
-#include "hosts/ascii.h"
+#include "hosts/python/ascii.h"
 
 namespace {
 
-using hosts::widenedAscii;
+using python_host::widenedAscii;
 
 constexpr std::size_t longest = 40;
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace hosts {
+namespace python_host {
 
 namespace internal {
 
@@ -33,8 +33,8 @@ inline std::uint64_t widenBlock(const char* from, char16_t* to) noexcept {
 
 /// Each byte as a code unit; nothing when one of them is beyond ASCII.
 ///
-/// Eight bytes at a time, the last block overlapping the one before: names are too short for loops that a compiler would
-/// widen by itself.
+/// Eight bytes at a time, the last block overlapping the one before: names are too short for loops that a compiler
+/// would widen by itself.
 inline std::optional<std::u16string> widenedAscii(std::string_view text) {
     constexpr std::size_t blockSize = sizeof(internal::Block);
     constexpr std::uint64_t highBits = 0x8080808080808080;
@@ -59,4 +59,4 @@ inline std::optional<std::u16string> widenedAscii(std::string_view text) {
     return wide;
 }
 
-}  // namespace hosts
+}  // namespace python_host
