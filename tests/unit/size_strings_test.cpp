@@ -36,6 +36,17 @@ TEST(SizeStrings, BlanksAroundANumberAreTrimmed) {
     EXPECT_THAT(cast({u"\t\n\v\f\r4\r\f\v\n\t"}), ElementsAre(4));
 }
 
+TEST(SizeStrings, BlanksAreTheSpaceAndTheUnitsFromTheTabToTheCarriageReturn) {
+    for (char16_t unit = 0; unit <= 0xA0; ++unit) {
+        const bool isBlank = unit == u' ' || (unit >= u'\t' && unit <= u'\r');
+        const bool isDigit = unit >= u'0' && unit <= u'9';
+        if (!isDigit) {
+            const auto extents = isBlank ? std::vector<std::uint64_t>{7} : std::vector<std::uint64_t>{};
+            EXPECT_EQ(cast({u"7" + std::u16string(1, unit)}), extents) << static_cast<int>(unit);
+        }
+    }
+}
+
 TEST(SizeStrings, BlanksAreTrimmedOfNumbersOnly) {
     EXPECT_THAT(cast({u" :"}), IsEmpty());
     EXPECT_THAT(cast({u" n"}), IsEmpty());
