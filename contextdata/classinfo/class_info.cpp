@@ -1,6 +1,5 @@
 #include "contextdata/class_info.h"
 
-#include <algorithm>
 #include <unordered_set>
 
 #include "contextdata/introspection.h"
@@ -18,6 +17,17 @@ namespace {
 
 /// Opens the constructor of unknown classes, so that object and count come from one piece of memory.
 class Superclass final : public ClassInfo {};
+
+/// A plain loop: most classes have one superclass, for which the way into an algorithm is dearer than the question.
+template <class Wanted>
+bool isAnyA(const std::vector<std::shared_ptr<ClassInfo>>& superclasses, const Wanted& wanted) {
+    for (const std::shared_ptr<ClassInfo>& superclass : superclasses) {
+        if (superclass->isA(wanted)) {
+            return true;
+        }
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -94,30 +104,12 @@ std::shared_ptr<ClassInfo> ClassInfo::superclassNamed(COSInternedID listedID, co
     return superclass;
 }
 
-// Plain loops: most classes have one superclass, for which the way into an algorithm is dearer than the question.
-
 bool ClassInfo::isA(const COSInternedID& id) const {
-    if (id == structure_.classID) {
-        return true;
-    }
-    for (const std::shared_ptr<ClassInfo>& superclass : structure_.superclasses) {
-        if (superclass->isA(id)) {
-            return true;
-        }
-    }
-    return false;
+    return id == structure_.classID || isAnyA(structure_.superclasses, id);
 }
 
 bool ClassInfo::isA(const std::u16string& name) const {
-    if (name == structure_.className) {
-        return true;
-    }
-    for (const std::shared_ptr<ClassInfo>& superclass : structure_.superclasses) {
-        if (superclass->isA(name)) {
-            return true;
-        }
-    }
-    return false;
+    return name == structure_.className || isAnyA(structure_.superclasses, name);
 }
 
 }  // namespace ZELKContextData
