@@ -41,8 +41,11 @@ def same_streams():
     assert (sys.stdout, sys.stderr) == before and sys.stdout is before[0] and sys.stderr is before[1]
 
 
-def all_at_once(work, count=THREADS, timeout=30):
-    """Calls work(number) on each thread, all starting together; raises what any of them raised."""
+def all_at_once(work, count=THREADS, timeout=300):
+    """Calls work(number) on each thread, all starting together; raises what any of them raised.
+
+    The time is for threads that wait for each other for ever, on a machine however busy.
+    """
     failures = []
     start = threading.Barrier(count)
 
