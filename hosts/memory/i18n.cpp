@@ -40,17 +40,19 @@ using memory_host::Service;
 
 constexpr char16_t lastAscii = 0x7F;
 
-/// Each byte as a code unit; nothing when one of them is beyond ASCII. One pass, without a branch for each.
-std::optional<std::u16string> widenedAscii(std::string_view text) {
-    std::u16string wide(text.size(), u'\0');
-    char16_t seen = 0;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        wide[index] = static_cast<unsigned char>(text[index]);
-        seen |= wide[index];
+/// One pass without a branch, which compilers turn into a few wide instructions.
+bool isAscii(std::string_view text) {
+    unsigned char seen = 0;
+    for (const char unit : text) {
+        seen |= static_cast<unsigned char>(unit);
     }
-    if (seen > lastAscii) {
-        return std::nullopt;
-    }
+    return seen <= lastAscii;
+}
+
+std::u16string widened(std::string_view ascii) {
+    std::u16string wide(ascii.size(), u'\0');
+    std::transform(ascii.begin(), ascii.end(), wide.begin(),
+                   [](char unit) { return static_cast<char16_t>(static_cast<unsigned char>(unit)); });
     return wide;
 }
 
@@ -107,8 +109,8 @@ std::string to_string(std::u16string_view text, const codecvt_ustring_to_string&
 
 std::u16string to_ustring(std::string_view text) {
     enter(Service::toUstring, text);
-    if (std::optional<std::u16string> wide = widenedAscii(text)) {
-        return *std::move(wide);
+    if (isAscii(text)) {
+        return widened(text);
     }
     try {
         return utf_to_utf<char16_t>(text.data(), text.data() + text.size(), stop);
@@ -119,18 +121,17 @@ std::u16string to_ustring(std::string_view text) {
 
 std::u16string to_ustring(std::string_view text, const codecvt_ascii_to_ustring& converter) {
     enter(Service::toUstring, text);
-    if (std::optional<std::u16string> wide = widenedAscii(text)) {
-        return *std::move(wide);
+    if (isAscii(text)) {
+        return widened(text);
     }
     if (converter.refuses()) {
         throw ConversionException();
     }
-    std::u16string substituted;
-    substituted.reserve(text.size());
-    std::transform(text.begin(), text.end(), std::back_inserter(substituted), [](char unit) {
-        return static_cast<unsigned char>(unit) > lastAscii ? u'?' : static_cast<char16_t>(unit);
-    });
-    return substituted;
+    std::string substituted(text);
+    std::replace_if(
+        substituted.begin(), substituted.end(), [](char unit) { return static_cast<unsigned char>(unit) > lastAscii; },
+        '?');
+    return widened(substituted);
 }
 
 }  // namespace fl::i18n

@@ -1,9 +1,9 @@
 // Names are kept in UTF-8, since identifiers go beyond ASCII; the ASCII converters therefore carry UTF-8 too.
 #include "host/i18n.h"
 
+#include <algorithm>
 #include <optional>
 
-#include "hosts/python/ascii.h"
 #include "hosts/python/utf.h"
 
 namespace fl::i18n {
@@ -86,9 +86,13 @@ std::string narrow(std::u16string_view text, bool refuse) {
     return result;
 }
 
+bool isAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0x80) != 0; });
+}
+
 std::u16string widen(std::string_view text, bool refuse) {
-    if (std::optional<std::u16string> wide = python_host::widenedAscii(text)) {
-        return *std::move(wide);
+    if (isAscii(text)) {
+        return {text.begin(), text.end()};
     }
     std::u16string result;
     result.reserve(text.size());
