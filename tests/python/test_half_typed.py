@@ -115,9 +115,10 @@ def test_ten_times_the_page_takes_ten_times_as_long():
     def best_time(text):
         times = []
         for _ in range(5):
-            started = time.perf_counter()
+            # What this thread works, however busy the machine is otherwise.
+            started = time.thread_time()
             contextdata.complete(text, None, namespace)
-            times.append(time.perf_counter() - started)
+            times.append(time.thread_time() - started)
         return min(times)
 
     namespace = space()
