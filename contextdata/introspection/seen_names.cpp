@@ -3,35 +3,14 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 
 namespace contextdata::introspection {
 
 namespace {
 
-/// Looks at eight bytes at a time, the last of them twice perhaps: every name of every class comes by.
 bool isAscii(std::string_view text) {
-    constexpr std::uint64_t highBits = 0x8080808080808080;
-    constexpr std::size_t blockSize = sizeof highBits;
-    std::uint64_t seen = 0;
-    const auto look = [&](std::size_t index) {
-        std::uint64_t block = 0;
-        std::memcpy(&block, text.data() + index, blockSize);
-        seen |= block;
-    };
-    if (text.size() >= blockSize) {
-        const std::size_t last = text.size() - blockSize;
-        for (std::size_t index = 0; index < last; index += blockSize) {
-            look(index);
-        }
-        look(last);
-    } else {
-        for (const char unit : text) {
-            seen |= static_cast<unsigned char>(unit);
-        }
-    }
-    return (seen & highBits) == 0;
+    return std::all_of(text.begin(), text.end(), [](char unit) { return static_cast<unsigned char>(unit) < 0x80; });
 }
 
 /// Spreads an address by the fraction of the golden ratio; the upper bits of the product tell most.

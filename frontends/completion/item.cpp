@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <iterator>
 #include <numeric>
 #include <utility>
@@ -18,11 +17,6 @@ constexpr std::array<const char*, kindCount> kindTexts = {
     "key",    "argument",      "file",     "folder",   "variable",           "keyword"};
 
 bool nameBefore(const Item& left, const Item& right) { return comesBefore(left.name, right.name); }
-
-bool sameName(const Item& left, const Item& right) {
-    return left.name.size() == right.name.size() &&
-           std::memcmp(left.name.data(), right.name.data(), left.name.size() * sizeof(char16_t)) == 0;
-}
 
 /// Moves each item to where it belongs; `places` says for each position which item comes there, and is used up.
 void rearrange(std::vector<Item>& items, std::vector<std::uint32_t>& places) {
@@ -58,6 +52,7 @@ Items sortedOnce(std::vector<Item> items) {
     if (!std::is_sorted(items.begin(), items.end(), nameBefore)) {
         sortByName(items);
     }
+    const auto sameName = [](const Item& left, const Item& right) { return left.name == right.name; };
     items.erase(std::unique(items.begin(), items.end(), sameName), items.end());
     return items;
 }

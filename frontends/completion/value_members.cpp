@@ -28,16 +28,9 @@ bool isStructure(const qxArray* value) {
 }
 
 /// Not every structure has its fields behind a dot: one whose fields are reached otherwise has them as fields, yet
-/// not as properties. Most have nothing else, and then both lists are the same.
+/// not as properties.
 void markFields(std::vector<Item>& items, const qxArray* value) {
     const std::vector<std::u16string> names = ask(value, "fieldnames");
-    const auto isNameOf = [](const std::u16string& name, const Item& item) { return name == item.name; };
-    if (std::equal(names.begin(), names.end(), items.begin(), items.end(), isNameOf)) {
-        for (Item& item : items) {
-            item.kind = Kind::field;
-        }
-        return;
-    }
     const std::unordered_set<std::u16string_view> fields(names.begin(), names.end());
     for (Item& item : items) {
         item.kind = fields.contains(item.name) ? Kind::field : item.kind;

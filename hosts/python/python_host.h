@@ -41,6 +41,9 @@ CONTEXTDATA_PYTHON_HOST_API qxUniqueArray wrap(PyObject* object);
 /// The object behind a value, borrowed from it; null for a value that the host made itself (a cell of names).
 CONTEXTDATA_PYTHON_HOST_API PyObject* unwrap(const qxArray* value) noexcept;
 
+/// Whether a plain str may be a name of the language.
+CONTEXTDATA_PYTHON_HOST_API bool isIdentifier(PyObject* text) noexcept;
+
 /// Whether an object is a function of a known kind: Python's own, built in, compiled, a universal function, a cached or
 /// partial one. Told by its real type; an instance of a user's class with `__call__` is none.
 CONTEXTDATA_PYTHON_HOST_API bool isKnownFunction(PyObject* object) noexcept;

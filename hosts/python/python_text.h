@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "hosts/python/python_host.h"
+
 namespace python_host {
 
 /// The UTF-8 of a str (or of an instance of a subclass); nothing when it holds a lone surrogate or is not ready.
@@ -26,8 +28,7 @@ std::size_t utf16LengthOf(PyObject* text);
 /// A str of a UTF-8 text; null, with no Python error set, when it cannot be made. New reference.
 PyObject* makeText(std::string_view utf8) noexcept;
 
-/// Whether the text can follow a dot in source code.
-bool isIdentifier(PyObject* text) noexcept;
+/// Whether the text can follow a dot in source code, as `isIdentifier` of a str says.
 bool isIdentifier(std::string_view utf8) noexcept;
 
 /// Names by the custom of the language. `__x__` belongs to the language itself.

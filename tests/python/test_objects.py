@@ -6,6 +6,8 @@ import functools
 import types
 from typing import ClassVar, Final
 
+import pytest
+
 import contextdata
 from asking import kind, names, offered, public
 
@@ -54,6 +56,36 @@ class Account:
 class Savings(Account):
     def accrue(self):
         pass
+
+
+AWKWARD = [*map(chr, range(1, 0x180)), *("a" + chr(point) for point in range(1, 0x180)),
+           "", "name", "two words", "1a", "a1", "größe", "größe!", "名前", "٣a", "a٣", "\ud800", "a\ud800", "𝒙"]
+
+
+def an_object():
+    subject = Account()
+    vars(subject).update(dict.fromkeys(AWKWARD, 1))
+    return subject
+
+
+def a_record():
+    return types.SimpleNamespace(**dict.fromkeys(AWKWARD, 1))
+
+
+def a_module():
+    subject = types.ModuleType("awkward")
+    vars(subject).update(dict.fromkeys(AWKWARD, 1))
+    return subject
+
+
+def a_class():
+    return type("Awkward", (), dict.fromkeys(AWKWARD, 1))
+
+
+@pytest.mark.parametrize("make", [an_object, a_record, a_module, a_class])
+def test_names_that_are_no_identifiers_are_not_offered(make):
+    wanted = {name for name in AWKWARD if name.isidentifier() and not name.startswith("_")}
+    assert wanted == {name for name in names("subject.", subject=make()) if name in AWKWARD}
 
 
 def test_kinds_of_members():

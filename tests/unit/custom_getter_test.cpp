@@ -101,6 +101,27 @@ TEST_F(CustomGetter, AttributeAndItsValueAreReleased) {
     EXPECT_EQ(world.valuesAlive(), values);
 }
 
+TEST_F(CustomGetter, IsAskedForByANameThatIsInternedOnceAQuestion) {
+    world.cls("Leaf").property("colour").property("shade").property("width");
+    const ClassInfo leaf = infoOf("Leaf");
+    for (int question = 1; question <= 2; ++question) {
+        world.journal().clear();
+        EXPECT_EQ(leaf.getProperties({}).size(), 3U);
+        EXPECT_EQ(world.journal().countOf(Service::makeInterned), 1U);
+        EXPECT_EQ(world.journal().countOf(Service::propertyFindAttribute), 3U);
+    }
+}
+
+TEST_F(CustomGetter, IsTakenForGrantedOfThePropertyAloneWhoseQuestionHadNoInternedName) {
+    world.cls("Leaf").property("colour").property("shade");
+    const ClassInfo leaf = infoOf("Leaf");
+    world.faults().failService(Service::makeInterned, 1, Fault::standardException);
+    const std::vector<PropertyInfo> properties = leaf.getProperties({});
+    ASSERT_EQ(properties.size(), 2U);
+    EXPECT_TRUE(properties.front().hasCustomGetter);
+    EXPECT_FALSE(properties.back().hasCustomGetter);
+}
+
 TEST_F(CustomGetter, IsTakenForGrantedWhenTheHostFailsAndTheInterruptPasses) {
     property().customGetter(false).attribute("RVXGetSet", "logical scalar", nullptr);
     ASSERT_FALSE(isFound());

@@ -44,7 +44,7 @@ public:
             // What makes no Python object on the way cannot set off the collector, which may change the dictionary.
             if (PyUnicode_CheckExact(key) && PyUnicode_IS_READY(key) && mayFit(key)) {
                 assignUtf16(name_, key);
-                if (fits(name_) && isIdentifier(key)) {
+                if (fits(name_) && python_host::isIdentifier(key)) {
                     add(name_, kindOfBound(value, Kind::variable), comesWithTheLanguage);
                 }
             }

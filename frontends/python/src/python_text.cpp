@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "frontends/completion/characters.h"
 #include "frontends/python/src/errors.h"
+#include "hosts/python/python_host.h"
 
 namespace contextdata::python {
 
@@ -97,19 +97,8 @@ pybind11::object strOf(std::u16string_view text) {
     return pybind11::reinterpret_steal<pybind11::object>(str);
 }
 
-// Within ASCII without the interpreter's help, which looks up each letter: every name of a module comes by.
-bool isIdentifier(PyObject* text) {
-    if (!PyUnicode_IS_ASCII(text)) {
-        return PyUnicode_IsIdentifier(text) == 1;
-    }
-    const Py_UCS1* begin = PyUnicode_1BYTE_DATA(text);
-    const Py_UCS1* end = begin + PyUnicode_GET_LENGTH(text);
-    return begin != end && completion::isNameStart(*begin) && std::all_of(begin, end, completion::isNameUnit);
-}
-
 bool isPublicName(PyObject* key) {
-    return PyUnicode_CheckExact(key) && PyUnicode_IS_READY(key) && isIdentifier(key) &&
-           PyUnicode_READ_CHAR(key, 0) != '_';
+    return PyUnicode_CheckExact(key) && python_host::isIdentifier(key) && PyUnicode_READ_CHAR(key, 0) != '_';
 }
 
 Py_ssize_t codePointBefore(PyObject* text, Py_ssize_t end, std::size_t units) {

@@ -17,9 +17,6 @@ void assignUtf16(std::u16string& units, PyObject* text);
 /// A new str; throws `pybind11::error_already_set` when there is no memory for it.
 pybind11::object strOf(std::u16string_view text);
 
-/// Whether a str, which is ready, may be a name of the language.
-bool isIdentifier(PyObject* text);
-
 /// Whether a dict's key is a name that may follow a dot and that custom calls public.
 bool isPublicName(PyObject* key);
 
