@@ -136,7 +136,7 @@ private:
                                                                          const Branch& branch);
     CONTEXTDATA_INSIDE void fill(const Branch& branch);
     CONTEXTDATA_INSIDE bool offersMethodsIn(MethodInfo::GetContext context) const;
-    CONTEXTDATA_INSIDE AttributeInfo collectAttributes(bool flag) const;
+    CONTEXTDATA_INSIDE void addAttributes(bool flag, AttributeInfo& attributes) const;
 
     mutable PropertyVisitorMutable propertyVisitor_;
     mutable MethodVisitorMutable methodVisitor_;

@@ -1,4 +1,7 @@
+#include <typeinfo>
+
 #include "contextdata/class_info.h"
+#include "contextdata/classinfo/superclass.h"
 #include "host/class_system.h"
 #include "host/exceptions.h"
 #include "host/i18n.h"
@@ -32,13 +35,9 @@ void addNames(NameSet& set, const std::vector<std::string>& names) {
     }
 }
 
-/// Moves the names of the smaller set into the larger: what a deep tree has gathered is not moved again at every class.
-void merge(NameSet& names, NameSet& more) {
-    if (names.size() < more.size()) {
-        names.swap(more);
-    }
-    names.merge(more);
-}
+/// Whether a class is sure to answer as `ClassInfo` does. Then its names go where those of its subclass are gathered;
+/// otherwise it is asked, and gathers a set of its own.
+bool answersAsItsBase(const ClassInfo& cls) { return typeid(cls) == typeid(Superclass); }
 
 /// Counts the calls that are under way on this thread, each on behalf of the one before it. Only the outermost may turn
 /// a failure into an empty answer: a superclass that did so would have its subclass pass on half an answer for a whole.
@@ -60,24 +59,25 @@ thread_local int AttributeCall::underWay = 0;
 }  // namespace
 
 AttributeInfo ClassInfo::getAttributes(bool flag) const {
-    if (structure_.className.empty()) {
-        return {};
-    }
     const AttributeCall call;
-    if (AttributeCall::isNested()) {
-        return collectAttributes(flag);
-    }
+    AttributeInfo attributes;
     try {
-        return collectAttributes(flag);
+        addAttributes(flag, attributes);
     } catch (const InterruptException&) {
         throw;
     } catch (...) {
+        if (AttributeCall::isNested()) {
+            throw;
+        }
         return {};
     }
+    return attributes;
 }
 
-AttributeInfo ClassInfo::collectAttributes(bool flag) const {
-    AttributeInfo attributes;
+void ClassInfo::addAttributes(bool flag, AttributeInfo& attributes) const {
+    if (structure_.className.empty()) {
+        return;
+    }
     if (const COSClass* cls = COSClass::getClass(structure_.classID)) {
         for (const Family& family : families) {
             std::vector<std::string> names;
@@ -86,12 +86,15 @@ AttributeInfo ClassInfo::collectAttributes(bool flag) const {
         }
     }
     for (const std::shared_ptr<ClassInfo>& superclass : structure_.superclasses) {
+        if (answersAsItsBase(*superclass)) {
+            superclass->addAttributes(flag, attributes);
+            continue;
+        }
         AttributeInfo inherited = superclass->getAttributes(flag);
         for (const Family& family : families) {
-            merge(attributes.*family.set, inherited.*family.set);
+            (attributes.*family.set).merge(inherited.*family.set);
         }
     }
-    return attributes;
 }
 
 }  // namespace ZELKContextData

@@ -2,6 +2,7 @@
 
 #include <unordered_set>
 
+#include "contextdata/classinfo/superclass.h"
 #include "contextdata/introspection.h"
 #include "host/class_objects.h"
 #include "host/class_system.h"
@@ -15,18 +16,23 @@ using zelk::COSInternedID;
 
 namespace {
 
-/// Opens the constructor of unknown classes, so that object and count come from one piece of memory.
-class Superclass final : public ClassInfo {};
-
-/// A plain loop: most classes have one superclass, for which the way into an algorithm is dearer than the question.
+/// A plain loop, for the way into an algorithm is dearer than the question; and apart from the usual case, which would
+/// have to save registers for it.
 template <class Wanted>
-bool isAnyA(const std::vector<std::shared_ptr<ClassInfo>>& superclasses, const Wanted& wanted) {
+[[gnu::noinline]] bool isOneOfSeveralA(const std::vector<std::shared_ptr<ClassInfo>>& superclasses,
+                                       const Wanted& wanted) {
     for (const std::shared_ptr<ClassInfo>& superclass : superclasses) {
         if (superclass->isA(wanted)) {
             return true;
         }
     }
     return false;
+}
+
+/// Most classes have one superclass, and only pass the question on.
+template <class Wanted>
+bool isAnyA(const std::vector<std::shared_ptr<ClassInfo>>& superclasses, const Wanted& wanted) {
+    return superclasses.size() == 1 ? superclasses.front()->isA(wanted) : isOneOfSeveralA(superclasses, wanted);
 }
 
 }  // namespace
