@@ -45,7 +45,7 @@ Items argumentsOf(const CallSoFar& call, const std::u16string& contextFile, cons
     std::vector<Item> items;
     for (const std::u16string& name : parameters.byName) {
         if (!given.contains(name)) {
-            items.push_back({name, Kind::argument, {}});
+            items.push_back({name, Kind::argument});
             items.back().name += language.argumentMark;
         }
     }

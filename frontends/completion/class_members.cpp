@@ -39,7 +39,7 @@ bool readsAs(const char* name, std::u16string_view text, const fl::i18n::codecvt
 
 /// The class that declares a member, by its name and beside the one that is listed; of an unknown one, nothing.
 struct Origin {
-    std::u16string definingClass;
+    SharedText definingClass;
     bool isInherited = false;
 };
 
@@ -47,7 +47,9 @@ struct Origin {
 class DefiningClasses final : public zelk::COSVisitor<zelk::COSInterface*> {
 public:
     void visit(zelk::COSInterface* member) override {
-        const char* name = nameOf(member);
+        const zelk::COSMethodInfo* method = zelk::cosiToMethod(member);
+        sawStaticMethod_ = sawStaticMethod_ || (method != nullptr && method->isStatic() && method->isListable());
+        const char* name = method != nullptr ? method->getName() : nameOf(member);
         if (name == nullptr) {
             return;
         }
@@ -55,6 +57,12 @@ public:
             members_.push_back({name, cls});
         }
     }
+
+    /// The walk went to its end.
+    void complete() { isComplete_ = true; }
+
+    /// False when no static method can be listed.
+    bool mayHaveStaticMethods() const { return sawStaticMethod_ || !isComplete_; }
 
     /// Where a listed name comes from. `listed` is the class whose members are listed.
     Origin originOf(const std::u16string& name, const zelk::COSClass* listed) {
@@ -94,10 +102,8 @@ private:
         }
     }
 
+    /// Of a member that is no method.
     static const char* nameOf(zelk::COSInterface* member) {
-        if (const zelk::COSMethodInfo* method = zelk::cosiToMethod(member)) {
-            return method->getName();
-        }
         if (const zelk::COSPropInfo* property = zelk::cosiToProp(member)) {
             return property->getName();
         }
@@ -105,25 +111,36 @@ private:
         return enumerationMember == nullptr ? nullptr : enumerationMember->getName();
     }
 
-    // A class declares many members: its name is made once.
-    const std::u16string& displayName(zelk::COSClass* cls) {
-        const auto [entry, isNew] = displayNames_.try_emplace(cls);
-        if (isNew) {
-            entry->second = fl::i18n::to_ustring(zelk::nameresolution::getBaseClassNameFromFullName(cls->getName()));
+    // A class declares many members, mostly in a row: its name is made once.
+    const SharedText& displayName(zelk::COSClass* cls) {
+        if (last_ == nullptr || last_->first != cls) {
+            auto entry = displayNames_.find(cls);
+            if (entry == displayNames_.end()) {
+                entry = displayNames_.emplace(cls, nameOf(*cls)).first;
+            }
+            last_ = &*entry;
         }
-        return entry->second;
+        return last_->second;
+    }
+
+    static SharedText nameOf(const zelk::COSClass& cls) {
+        return fl::i18n::to_ustring(zelk::nameresolution::getBaseClassNameFromFullName(cls.getName()));
     }
 
     const fl::i18n::codecvt_ascii_to_ustring converter_{false};
     std::vector<Member> members_;
+    bool sawStaticMethod_ = false;
+    bool isComplete_ = false;
     std::size_t next_ = 0;
     std::optional<std::unordered_map<std::u16string, zelk::COSClass*>> index_;
-    std::unordered_map<zelk::COSClass*, std::u16string> displayNames_;
+    std::unordered_map<zelk::COSClass*, SharedText> displayNames_;
+    decltype(displayNames_)::const_pointer last_ = nullptr;
 };
 
 DefiningClasses definingClassesOfMethods(zelk::COSClass& cls) {
     DefiningClasses classes;
     cls.visitMethods(classes);
+    classes.complete();
     return classes;
 }
 
@@ -159,8 +176,10 @@ void append(std::vector<Item>& items, const Listed& of, Listing listing, Kind ki
     definingClasses.rewind();
     for (std::u16string& name : names) {
         Origin origin = unlessItFails([&] { return definingClasses.originOf(name, of.cls); });
-        Item& item = items.emplace_back(Item{std::move(name), kind, std::move(origin.definingClass)});
-        item.isInherited = origin.isInherited;
+        items.push_back({.name = std::move(name),
+                         .kind = kind,
+                         .isInherited = origin.isInherited,
+                         .definingClass = std::move(origin.definingClass)});
     }
 }
 
@@ -182,7 +201,9 @@ Items membersOfClass(const ResolvedClassID& id, Side side) {
     append(items, listed, getClassConstantPropertyNames, Kind::constant, ofProperties);
     append(items, listed, getClassPropertyNames, Kind::property, ofProperties);
     DefiningClasses ofMethods = unlessItFails([&] { return definingClassesOfMethods(*cls); });
-    append(items, listed, getClassStaticMethodNames, Kind::staticMethod, ofMethods);
+    if (ofMethods.mayHaveStaticMethods()) {
+        append(items, listed, getClassStaticMethodNames, Kind::staticMethod, ofMethods);
+    }
     append(items, listed, getClassMethodNames, Kind::method, ofMethods);
     return sortedOnce(std::move(items));
 }

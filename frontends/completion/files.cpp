@@ -47,7 +47,7 @@ std::vector<Item> filesIn(const std::u16string& folder, bool showsHidden, char16
         std::u16string name = isHidden ? std::u16string() : language.escaped(entry, quote);
         if (!name.empty()) {
             // The entry itself, until it is known what it is.
-            items.push_back({std::move(name), Kind::file, entry});
+            items.push_back({.name = std::move(name), .kind = Kind::file, .definingClass = entry});
         }
     }
     return items;
@@ -56,7 +56,7 @@ std::vector<Item> filesIn(const std::u16string& folder, bool showsHidden, char16
 /// Asking the file system takes a time for each, so only what is chosen is asked about.
 Items withFoldersMarked(Items items, const std::u16string& folder) {
     for (Item& item : items) {
-        if (isFolder(folder + std::exchange(item.definingClass, {}))) {
+        if (isFolder(folder + std::exchange(item.definingClass, {}).text())) {
             item.kind = Kind::folder;
             item.name += folderMark;
         }

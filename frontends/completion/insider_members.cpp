@@ -73,10 +73,11 @@ private:
     }
 
     void add(const std::u16string& name, Kind kind, const ClassInfo& one, const Declaration& declaration) {
-        Item item{name, kind, one.getClass()};
-        item.detail = detailOf(declaration.access);
-        item.isInherited = one.getClass() != listed_;
-        items_.push_back(std::move(item));
+        items_.push_back({.name = name,
+                          .kind = kind,
+                          .isInherited = one.getClass() != listed_,
+                          .definingClass = one.getClass(),
+                          .detail = detailOf(declaration.access)});
     }
 
     const Lineage& asker_;

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <numeric>
-#include <utility>
 
 #include "frontends/completion/name_order.h"
+#include "frontends/completion/sort_by_name.h"
 
 namespace contextdata::completion {
 
@@ -18,32 +17,6 @@ constexpr std::array<const char*, kindCount> kindTexts = {
 
 bool nameBefore(const Item& left, const Item& right) { return comesBefore(left.name, right.name); }
 
-/// Moves each item to where it belongs; `places` says for each position which item comes there, and is used up.
-void rearrange(std::vector<Item>& items, std::vector<std::uint32_t>& places) {
-    for (std::uint32_t first = 0; first < places.size(); ++first) {
-        Item carried = std::move(items[first]);
-        std::uint32_t free = first;
-        while (places[free] != first) {
-            const std::uint32_t next = std::exchange(places[free], free);
-            items[free] = std::move(items[next]);
-            free = next;
-        }
-        places[free] = free;
-        items[free] = std::move(carried);
-    }
-}
-
-/// Items are large, so their places are sorted in their stead.
-void sortByName(std::vector<Item>& items) {
-    std::vector<std::uint32_t> places(items.size());
-    std::iota(places.begin(), places.end(), 0U);
-    // Of one name, the first stays the first.
-    std::stable_sort(places.begin(), places.end(), [&](std::uint32_t left, std::uint32_t right) {
-        return comesBefore(items[left].name, items[right].name);
-    });
-    rearrange(items, places);
-}
-
 }  // namespace
 
 const char* textOf(Kind kind) noexcept { return kindTexts[static_cast<std::size_t>(kind)]; }
@@ -52,7 +25,8 @@ Items sortedOnce(std::vector<Item> items) {
     if (!std::is_sorted(items.begin(), items.end(), nameBefore)) {
         sortByName(items);
     }
-    const auto sameName = [](const Item& left, const Item& right) { return left.name == right.name; };
+    // In a sorted list.
+    const auto sameName = [](const Item& left, const Item& right) { return !nameBefore(left, right); };
     items.erase(std::unique(items.begin(), items.end(), sameName), items.end());
     return items;
 }
@@ -60,6 +34,9 @@ Items sortedOnce(std::vector<Item> items) {
 Items merged(Items first, Items second) {
     if (second.empty()) {
         return first;
+    }
+    if (first.empty()) {
+        return second;
     }
     Items result;
     result.reserve(first.size() + second.size());

@@ -8,10 +8,12 @@
 #include <utility>
 #include <vector>
 
+#include "frontends/completion/shared_text.h"
+
 namespace contextdata::completion {
 
 /// What kind of thing a name names.
-enum class Kind {
+enum class Kind : std::uint8_t {
     method,
     staticMethod,
     property,
@@ -42,14 +44,14 @@ using SortKey = std::uint8_t;
 struct Item {
     std::u16string name;         ///< as it is written where the cursor stands
     Kind kind = Kind::property;  ///< what it names
-    /// The full name of the class that declares the member, without package qualification; empty when unknown.
-    std::u16string definingClass;
-    /// What stands beside the name, for people: the access of a member that is not everybody's. Permanent.
-    std::string_view detail = {};
     /// Of a member, whether a superclass declares it; of a name without a dot, whether it comes with the language.
     bool isInherited = false;
     /// In an answer that is ordered by rank, what the order goes by before the name (ranking.h); 0 elsewhere.
     SortKey sortKey = 0;
+    /// The full name of the class that declares the member, without package qualification; empty when unknown.
+    SharedText definingClass = {};
+    /// What stands beside the name, for people: the access of a member that is not everybody's. Permanent.
+    std::string_view detail = {};
 
     friend bool operator==(const Item&, const Item&) = default;
 };

@@ -42,7 +42,7 @@ Items written(const Names& keys, char16_t quote, const Language& language, Fits 
     for (const std::u16string& key : keys) {
         std::u16string escaped = language.escaped(key, quote);
         if (!escaped.empty() && fits(escaped)) {
-            items.push_back({std::move(escaped), Kind::key, {}});
+            items.push_back({std::move(escaped), Kind::key});
         }
     }
     return sortedOnce(std::move(items));

@@ -35,7 +35,7 @@ Items nextParts(const std::vector<std::u16string>& names, std::u16string_view pr
         const std::u16string_view rest = std::u16string_view(name).substr(prefix.size());
         const std::u16string_view part = rest.substr(0, rest.find(u'.'));
         if (!part.empty() && (items.empty() || items.back().name != part)) {
-            items.push_back({std::u16string(part), Kind::space, {}});
+            items.push_back({std::u16string(part), Kind::space});
         }
     }
     return sortedOnce(std::move(items));

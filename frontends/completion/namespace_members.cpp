@@ -25,7 +25,7 @@ void append(std::vector<Item>& items, const std::u16string& space, Listing listi
     for (const std::u16string& name : names) {
         std::u16string part = lastPart(name);
         if (!part.empty()) {
-            items.push_back({std::move(part), kind, {}});
+            items.push_back({std::move(part), kind});
         }
     }
 }

@@ -19,7 +19,7 @@ namespace {
 void append(std::vector<Item>& items, std::vector<std::u16string> names, Kind kind) {
     items.reserve(items.size() + names.size());
     for (std::u16string& name : names) {
-        items.push_back({std::move(name), kind, {}});
+        items.push_back({std::move(name), kind});
     }
 }
 

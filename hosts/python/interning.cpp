@@ -52,12 +52,12 @@ InternTable& internTable() {
     return table;
 }
 
-using KeyMap = std::unordered_map<PyObject*, zelk::COSInternedID>;
+using KeyMap = std::pmr::unordered_map<PyObject*, zelk::COSInternedID>;
 
 /// Python's interned strings by address. Each key is held with a reference, so that an address never comes to mean
 /// another text; there is at most one for every permanent name. Guarded by the GIL, never destroyed.
 KeyMap& keyMap() {
-    static KeyMap& map = *new KeyMap;
+    static KeyMap& map = *new KeyMap(new std::pmr::monotonic_buffer_resource);
     return map;
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/python/python_text.h"
 
 #include <algorithm>
+#include <array>
 
 #include "hosts/python/references.h"
 #include "hosts/python/utf.h"
@@ -29,13 +30,22 @@ std::string_view asciiOf(PyObject* text) {
     return {static_cast<const char*>(PyUnicode_DATA(text)), static_cast<std::size_t>(PyUnicode_GET_LENGTH(text))};
 }
 
-/// Digits anywhere but at the beginning.
+constexpr bool isDigit(char unit) { return unit >= '0' && unit <= '9'; }
+
+/// Whether an ASCII character may stand in a name, by character.
+constexpr auto mayStandInName = [] {
+    std::array<bool, 128> table = {};
+    for (std::size_t unit = 0; unit < table.size(); ++unit) {
+        const std::size_t letter = unit | 0x20U;
+        table[unit] = (letter >= 'a' && letter <= 'z') || isDigit(static_cast<char>(unit)) || unit == '_';
+    }
+    return table;
+}();
+
+/// Of a text within ASCII.
 bool isAsciiIdentifier(std::string_view text) noexcept {
-    const auto isStart = [](char unit) {
-        return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') || unit == '_';
-    };
-    return !text.empty() && isStart(text.front()) && std::all_of(text.begin() + 1, text.end(), [&](char unit) {
-        return isStart(unit) || (unit >= '0' && unit <= '9');
+    return !text.empty() && !isDigit(text.front()) && std::all_of(text.begin(), text.end(), [](char unit) {
+        return mayStandInName[static_cast<unsigned char>(unit)];
     });
 }
 

@@ -82,14 +82,14 @@ TEST_F(Answer, whatComesFromASuperclassSaysSo) {
     const auto savings = ResolvedClassID::fromLegacyString(std::string("bank.Savings"));
     const Completions answer = complete({.text = text, .cursor = text.size(), .file = {}, .asker = savings}, world);
     for (const Item& item : answer.items) {
-        EXPECT_EQ(item.isInherited, item.definingClass != u"bank.Savings") << testing::PrintToString(item.name);
+        EXPECT_EQ(item.isInherited, item.definingClass.text() != u"bank.Savings") << testing::PrintToString(item.name);
     }
     EXPECT_THAT(answer.items, Not(IsEmpty()));
 }
 
 TEST_F(Answer, namesOfTheFrontEndAreOfferedOnlyWhereANameStandsAlone) {
     build("bank");
-    const std::vector<Item> names = {{u"beta", Kind::variable, {}}, {u"by", Kind::keyword, {}}};
+    const std::vector<Item> names = {{u"beta", Kind::variable}, {u"by", Kind::keyword, {}}};
     for (const char16_t* text : {u"account.b", u"bank.", u"import b", u"f(", u"'b", u""}) {
         const std::u16string_view view = text;
         for (const Item& item :

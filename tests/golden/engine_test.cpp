@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -73,7 +74,7 @@ TEST_F(Engine, aMemberWhoseClassIsNotKnownHasNoneAndTheOthersKeepTheirs) {
     const auto defining = [&savings] {
         std::map<std::u16string, std::u16string> classes;
         for (const auto& item : membersOfClass(savings, Side::object)) {
-            classes.emplace(item.name, item.definingClass);
+            classes.emplace(item.name, item.definingClass.text());
         }
         return classes;
     };
@@ -97,6 +98,42 @@ TEST_F(Engine, aMemberWhoseClassIsNotKnownHasNoneAndTheOthersKeepTheirs) {
     }
     // An overload speaks for the one method that has it.
     EXPECT_EQ(unknown, whole.size() - 1);
+}
+
+TEST_F(Engine, aStaticMethodIsToldThoughItIsNotKnownWhoDeclaresIt) {
+    const auto account = ResolvedClassID::fromLegacyString(std::string("bank.Account"));
+    const auto kindOfOpen = [&account] {
+        const Items items = membersOfClass(account, Side::object);
+        const auto open =
+            std::find_if(items.begin(), items.end(), [](const auto& item) { return item.name == u"open"; });
+        return open == items.end() ? "none" : textOf(open->kind);
+    };
+    EXPECT_STREQ(kindOfOpen(), "static method");
+    journal().clear();
+    kindOfOpen();
+    const std::size_t walks = journal().countOf(Service::classVisitMethods);
+    for (std::size_t walk = 1; walk <= walks; ++walk) {
+        faults().failService(Service::classVisitMethods, walk, Fault::standardException);
+        // Who is listed as static method is listed as method too, and stays so when the first of the lists fails.
+        EXPECT_STREQ(kindOfOpen(), walk == 2 ? "method" : "static method") << walk;
+        faults().clear();
+    }
+    for (std::size_t call = journal().countOf(Service::classOfMember); call > 0; --call) {
+        faults().failService(Service::classOfMember, call, Fault::standardException);
+        EXPECT_STRNE(kindOfOpen(), "none") << call;
+        faults().clear();
+    }
+}
+
+TEST_F(Engine, staticMethodsAreAskedForWhereThereMayBeSome) {
+    bank.world().cls("bank.Plain").method("run").method("hiddenStart").isStatic().unlistable();
+    const auto walksFor = [this](const char* name) {
+        journal().clear();
+        membersOfClass(ResolvedClassID::fromLegacyString(std::string(name)), Side::object);
+        return journal().countOf(Service::classVisitMethods);
+    };
+    EXPECT_EQ(walksFor("bank.Account"), 3U);
+    EXPECT_EQ(walksFor("bank.Plain"), 2U);
 }
 
 TEST_F(Engine, everyFailureOfEveryCallIsContained) {

@@ -46,10 +46,10 @@ std::vector<contextdata::completion::Item> GoldenWorld::names() const {
     using contextdata::completion::Kind;
     std::vector<Item> names;
     for (const auto& [name, value] : variables_) {
-        names.push_back({name, Kind::variable, {}});
+        names.push_back({name, Kind::variable});
     }
     for (const char16_t* word : {u"new", u"return", u"true"}) {
-        names.push_back({word, Kind::keyword, {}});
+        names.push_back({word, Kind::keyword});
         names.back().isInherited = true;
     }
     return names;

@@ -3,11 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <random>
 #include <string>
 
 #include "frontends/completion/name_order.h"
+#include "frontends/completion/sort_by_name.h"
 
 namespace {
 
@@ -17,12 +19,15 @@ using contextdata::completion::Items;
 using contextdata::completion::Kind;
 using contextdata::completion::merged;
 using contextdata::completion::rangeOfPrefix;
+using contextdata::completion::SharedText;
+using contextdata::completion::sortByName;
 using contextdata::completion::sortedOnce;
 using contextdata::completion::without;
 using testing::ElementsAre;
 using testing::Pair;
+using namespace std::string_literals;
 
-Item item(const char16_t* name, Kind kind = Kind::property) { return {name, kind, {}}; }
+Item item(const char16_t* name, Kind kind = Kind::property) { return {name, kind}; }
 
 TEST(Items, areSortedByCodeUnitAndTheFirstOfANameIsKept) {
     EXPECT_THAT(sortedOnce({item(u"b"), item(u"a", Kind::constant), item(u"Z"), item(u"a")}),
@@ -47,15 +52,62 @@ TEST(Items, areSortedFromAnyOrder) {
         for (std::size_t number = 0; number < count; ++number) {
             const std::string name = "attribute_number_" + std::to_string(random() % 150);
             const Kind kind = random() % 2 == 0 ? Kind::field : Kind::method;
-            items.push_back({{name.begin(), name.end()}, kind, {}});
+            items.push_back({{name.begin(), name.end()}, kind});
             firsts.try_emplace(items.back().name, kind);
         }
         Items expected;
         for (const auto& [name, kind] : firsts) {
-            expected.push_back({name, kind, {}});
+            expected.push_back({name, kind});
         }
         EXPECT_EQ(sortedOnce(items), expected) << count;
     }
+}
+
+TEST(Items, areSortedWhateverTheirNamesHaveInCommon) {
+    std::mt19937 random(7);
+    const std::u16string units = u"ab\u00E9\uFFFF\xD800" + std::u16string(1, u'\0');
+    for (const std::size_t alphabet : {1U, 2U, 6U}) {
+        for (const std::size_t longest : {3U, 9U, 40U}) {
+            std::vector<Item> items;
+            for (std::size_t number = 0; number < 400; ++number) {
+                std::u16string name(number % 3 * 5, u'x');
+                for (std::size_t length = random() % (longest + 1); length > 0; --length) {
+                    name += units[random() % alphabet];
+                }
+                items.push_back({name, number % 2 == 0 ? Kind::field : Kind::method});
+            }
+            std::vector<Item> expected = items;
+            std::stable_sort(expected.begin(), expected.end(),
+                             [](const Item& left, const Item& right) { return left.name < right.name; });
+            sortByName(items);
+            EXPECT_EQ(items, expected) << alphabet << ", " << longest;
+        }
+    }
+}
+
+TEST(Items, areSortedWhenThereAreNone) {
+    std::vector<Item> none;
+    sortByName(none);
+    EXPECT_THAT(none, ElementsAre());
+}
+
+TEST(SharedText, isOneTextForAllCopies) {
+    const SharedText name = std::u16string(u"bank.Account of a length that takes memory of its own");
+    const SharedText copy = name;
+    EXPECT_EQ(&copy.text(), &name.text());
+    EXPECT_FALSE(copy.empty());
+}
+
+TEST(SharedText, isEqualToAnotherOfTheSameUnits) {
+    EXPECT_EQ(SharedText(u"Account"s), SharedText(u"Account"s));
+    EXPECT_NE(SharedText(u"Account"s), SharedText(u"account"s));
+    EXPECT_NE(SharedText(u"Account"s), SharedText());
+}
+
+TEST(SharedText, thatIsEmptyIsNone) {
+    EXPECT_EQ(SharedText(u""s), SharedText());
+    EXPECT_TRUE(SharedText(u""s).empty());
+    EXPECT_EQ(SharedText().text(), u"");
 }
 
 TEST(NameOrder, isThatOfTheTextsThemselves) {

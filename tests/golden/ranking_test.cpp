@@ -23,7 +23,7 @@ using testing::IsEmpty;
 
 Match match(std::u16string_view typed, std::u16string_view name) { return Typed(typed).match(name); }
 
-Item item(const char16_t* name, Kind kind = Kind::method) { return {name, kind, {}}; }
+Item item(const char16_t* name, Kind kind = Kind::method) { return {name, kind}; }
 
 Item inherited(const char16_t* name) {
     Item made = item(name);

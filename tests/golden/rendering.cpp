@@ -98,7 +98,7 @@ std::string rendered(const Completions& completions) {
     }
     std::vector<Row> rows;
     for (const Item& item : completions.items) {
-        rows.push_back({narrow(item.name), textOf(item.kind), orDash(item.definingClass)});
+        rows.push_back({narrow(item.name), textOf(item.kind), orDash(item.definingClass.text())});
     }
     return "=> " + std::to_string(completions.start) + ".." + std::to_string(completions.end) + '\n' + tableOf(rows);
 }

@@ -94,7 +94,7 @@ constexpr Typed texts[] = {
 
 std::string shown(const Item& item) {
     std::string line = narrow(item.name) + " | " + textOf(item.kind);
-    return item.definingClass.empty() ? line : line + " | " + narrow(item.definingClass);
+    return item.definingClass.empty() ? line : line + " | " + narrow(item.definingClass.text());
 }
 
 std::string quoted(std::string_view text) {

@@ -25,7 +25,7 @@ std::vector<completion::Item> publicBindings(PyObject* dictionary, KindOf kindOf
     PyObject* value = nullptr;
     while (PyDict_Next(dictionary, &position, &key, &value) != 0) {
         if (isPublicName(key)) {
-            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOf(value), {}});
+            items.push_back({utf16Of(key, PyUnicode_GET_LENGTH(key)), kindOf(value)});
         }
     }
     return items;

@@ -32,7 +32,7 @@ std::vector<Item> ownAttributes(const ResolvedClassID& cls, PyObject* object, co
     for (const std::string& text : completion::unlessItFails([&] { return python_host::concealedNamesOf(object); })) {
         std::u16string name = fl::i18n::to_ustring(text);
         if (ofAsker.holds(name) ? isOfAsker : !isPrivateToOneOf(lineage, name)) {
-            items.push_back({std::move(name), Kind::property, {}});
+            items.push_back({std::move(name), Kind::property});
         }
     }
     return items;

@@ -27,19 +27,19 @@ namespace {
 /// The names of declaring classes, each made once for its neighbours.
 class Definers {
 public:
-    pybind11::object of(const std::u16string& name) {
+    pybind11::object of(const completion::SharedText& name) {
         if (name.empty()) {
             return pybind11::none();
         }
         if (name != lastName_) {
-            last_ = strOf(name);
+            last_ = strOf(name.text());
             lastName_ = name;
         }
         return last_;
     }
 
 private:
-    std::u16string lastName_;
+    completion::SharedText lastName_;
     pybind11::object last_;
 };
 

@@ -37,7 +37,7 @@ Items spaces(const std::vector<std::string>& names) {
     std::vector<Item> items;
     items.reserve(names.size());
     for (const std::string& name : names) {
-        items.push_back({fl::i18n::to_ustring(name), Kind::space, {}});
+        items.push_back({fl::i18n::to_ustring(name), Kind::space});
     }
     return items;
 }

@@ -78,7 +78,7 @@ private:
     }
 
     void add(std::u16string_view name, Kind kind, bool comesWithTheLanguage) {
-        Item item{std::u16string(name), kind, {}};
+        Item item{std::u16string(name), kind};
         item.isInherited = comesWithTheLanguage;
         items_.push_back(std::move(item));
     }

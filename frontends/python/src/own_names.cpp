@@ -18,7 +18,7 @@ std::vector<Item> ownNames(const qxSharedArray& value, PyObject* object) {
     std::vector<Item> items =
         publicBindings(python_host::attributesOf(object), [kindOfAttributes](PyObject*) { return kindOfAttributes; });
     for (const std::string& name : completion::unlessItFails([&] { return python_host::directoryNamesOf(object); })) {
-        items.push_back({fl::i18n::to_ustring(name), Kind::property, {}});
+        items.push_back({fl::i18n::to_ustring(name), Kind::property});
     }
     return items;
 }

@@ -148,7 +148,7 @@ Items writtenKeys(const qxSharedArray& value, std::u16string_view typed) {
     for (const pybind11::object& key : keysToWrite(dictionary)) {
         const Written written = writer.key(key.ptr(), isBracketed);
         if (written && withoutBlanks(*written).starts_with(beginning)) {
-            items.push_back({*written, Kind::key, {}});
+            items.push_back({*written, Kind::key});
         }
     }
     return sortedOnce(std::move(items));
