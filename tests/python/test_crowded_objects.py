@@ -3,6 +3,7 @@
 import gc
 import types
 import weakref
+from random import Random
 
 import pytest
 
@@ -108,3 +109,69 @@ def test_a_class_that_asks_gets_what_it_may_use():
     inside = complete("x._hid", namespace={"x": crowd}, inside=f"{__name__}.Shelf")
     assert [item.name for item in inside] == ["_hidden"]
     assert names("x._hid", crowd) == []
+
+
+class Rack(Shelf):
+    def stack(self):
+        pass
+
+    def _hide(self):
+        pass
+
+
+def crowd_of(names_of_its_own):
+    made = Rack()
+    vars(made).update(dict.fromkeys(names_of_its_own, 1))
+    return made
+
+
+def awkward_names():
+    """In no order, some alike for long, some among those of the class, some that are not offered."""
+    random = Random(3)
+    words = ["a", "book", "sort", "Z9", "_hidden", "two words", "größe", "x" * 40]
+    return ["".join(random.choices(words, k=random.randint(1, 5))) for _ in range(MANY)] + ["sort", ""]
+
+
+@pytest.mark.parametrize("ranked", [False, True])
+@pytest.mark.parametrize("typed", ["", "b", "s", "xxx", "BOOK", "nothing"])
+def test_one_name_of_wide_letters_changes_nothing_for_the_others(typed, ranked):
+    plain, wider = crowd_of(awkward_names()), crowd_of([*awkward_names(), "名前"])
+    for _ in range(2):
+        ask = {"ranked": ranked, "namespace": {"plain": plain, "wider": wider}}
+        found = list(complete(f"plain.{typed}", **ask))
+        assert found == [item for item in complete(f"wider.{typed}", **ask) if item.name != "名前"]
+    assert bool(found) == (typed != "nothing" and (ranked or typed != "BOOK"))
+
+
+def test_all_public_names_come_once_in_order():
+    wanted = {name for name in awkward_names() if name.isidentifier() and not name.startswith("_")}
+    assert names("x.", crowd_of(awkward_names())) == sorted({*wanted, "stack"})
+
+
+def test_their_names_are_those_of_the_dictionary_itself():
+    crowd = shelf()
+    mine = {id(name) for name in vars(crowd)}
+    assert {id(item.name) for item in complete("x.book", namespace={"x": crowd})} == mine
+
+
+@pytest.mark.parametrize("text", ["x.", "x.book1"])
+def test_what_the_collector_does_meanwhile_is_seen_the_next_time(text):
+    crowd = shelf()
+    before = names(text, shelf())
+
+    class Clearing:
+        def __del__(self):
+            crowd.__dict__ = {"late": 1}
+
+    cycle = [Clearing()]
+    cycle.append(cycle)
+    del cycle
+    threshold = gc.get_threshold()
+    gc.set_threshold(1)
+    try:
+        found = names(text, crowd)
+    finally:
+        gc.set_threshold(*threshold)
+    gc.collect()
+    assert found in (before, [name for name in ("late", "sort") if f"x.{name}".startswith(text)])
+    assert names("x.", crowd) == ["late", "sort"]

@@ -103,19 +103,38 @@ pybind11::tuple tupleOfItems(const Items& items) {
 Listing::Listing(Items items, bool objectsAreAsked)
     : items_(std::move(items)), completions_(tupleOfItems(items_)), objectsAreAsked_(objectsAreAsked) {}
 
+Listing::Listing(pybind11::tuple completions, std::function<Items(const pybind11::tuple&)> itemsOf)
+    : completions_(std::move(completions)), itemsOf_(std::move(itemsOf)), objectsAreAsked_(false) {}
+
+const Items& Listing::items() const {
+    if (itemsOf_) {
+        items_ = itemsOf_(completions_);
+        itemsOf_ = nullptr;
+    }
+    return items_;
+}
+
+pybind11::object Listing::completion(std::size_t place) const {
+    return pybind11::reinterpret_borrow<pybind11::object>(
+        PyTuple_GET_ITEM(completions_.ptr(), static_cast<Py_ssize_t>(place)));
+}
+
 pybind11::object Listing::tupleOf(const Choice& choice, Items more) const {
     return choice.isRanked ? ranked(choice.typed, std::move(more)) : sorted(choice.typed, std::move(more));
 }
 
 pybind11::object Listing::sorted(std::u16string_view prefix, Items more) const {
-    const std::pair<std::size_t, std::size_t> range = rangeOfPrefix(items_, prefix);
+    if (prefix.empty() && more.empty()) {
+        return completions_;
+    }
+    const std::pair<std::size_t, std::size_t> range = rangeOfPrefix(items(), prefix);
     more = chosen(std::move(more), {prefix});
     if (!more.empty()) {
-        const auto first = items_.begin() + static_cast<std::ptrdiff_t>(range.first);
-        const auto last = items_.begin() + static_cast<std::ptrdiff_t>(range.second);
+        const auto first = items().begin() + static_cast<std::ptrdiff_t>(range.first);
+        const auto last = items().begin() + static_cast<std::ptrdiff_t>(range.second);
         const auto isBefore = [](const Item& left, const Item& right) { return comesBefore(left.name, right.name); };
         return merged(completions_, range.first, range.second, more, [&](const Item& item) {
-            return static_cast<std::size_t>(std::lower_bound(first, last, item, isBefore) - items_.begin());
+            return static_cast<std::size_t>(std::lower_bound(first, last, item, isBefore) - items().begin());
         });
     }
     PyObject* slice = PyTuple_GetSlice(completions_.ptr(), static_cast<Py_ssize_t>(range.first),
@@ -147,9 +166,9 @@ pybind11::object Listing::allRanked(const Items& more) const {
     }
     const auto isBefore = [&](std::uint32_t place, const Item& item) {
         const SortKey key = order.keys[place];
-        return key != item.sortKey ? key < item.sortKey : comesBefore(items_[place].name, item.name);
+        return key != item.sortKey ? key < item.sortKey : comesBefore(items()[place].name, item.name);
     };
-    return merged(order.completions, 0, items_.size(), more, [&](const Item& item) {
+    return merged(order.completions, 0, items().size(), more, [&](const Item& item) {
         const auto place = std::lower_bound(order.places.begin(), order.places.end(), item, isBefore);
         return static_cast<std::size_t>(place - order.places.begin());
     });
@@ -172,7 +191,7 @@ pybind11::object Listing::fitting(const Items& more, MatchOf matchOf) const {
     const Ranking& order = ranking();
     auto next = more.begin();
     for (const std::uint32_t place : order.places) {
-        const Item& item = items_[place];
+        const Item& item = items()[place];
         for (; next != more.end() && std::pair(next->sortKey, std::u16string_view(next->name)) <
                                          std::pair(order.keys[place], std::u16string_view(item.name));
              ++next) {
@@ -187,7 +206,7 @@ pybind11::object Listing::fitting(const Items& more, MatchOf matchOf) const {
                                          [](std::size_t sum, const auto& some) { return sum + some.size(); }));
     for (const auto& some : found) {
         for (const Found& each : some) {
-            each.isListed ? builder.addKnown(completions_, static_cast<std::size_t>(each.item - items_.data()))
+            each.isListed ? builder.addKnown(completions_, static_cast<std::size_t>(each.item - items().data()))
                           : builder.addNew(*each.item);
         }
     }
@@ -199,14 +218,14 @@ const Listing::Ranking& Listing::ranking() const {
         return *ranking_;
     }
     Ranking order;
-    order.keys.reserve(items_.size());
-    std::transform(items_.begin(), items_.end(), std::back_inserter(order.keys), standingOf);
-    order.places.resize(items_.size());
+    order.keys.reserve(items().size());
+    std::transform(items().begin(), items().end(), std::back_inserter(order.keys), standingOf);
+    order.places.resize(items().size());
     std::iota(order.places.begin(), order.places.end(), 0U);
     // The listing is sorted by name, so what is stable here goes by name.
     std::stable_sort(order.places.begin(), order.places.end(),
                      [&](std::uint32_t left, std::uint32_t right) { return order.keys[left] < order.keys[right]; });
-    TupleBuilder completions(items_.size());
+    TupleBuilder completions(items().size());
     for (const std::uint32_t place : order.places) {
         completions.addKnown(completions_, place);
     }

@@ -3,7 +3,9 @@
 
 #include <pybind11/pybind11.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -23,9 +25,15 @@ public:
     /// `objectsAreAsked`: whether objects of the class that is listed tell more by a hook of the class.
     explicit Listing(completion::Items items, bool objectsAreAsked = false);
 
+    /// Of completions that are sorted by name; `itemsOf` makes their items when these are first needed.
+    Listing(pybind11::tuple completions, std::function<completion::Items(const pybind11::tuple&)> itemsOf);
+
     bool objectsAreAsked() const noexcept { return objectsAreAsked_; }
 
-    const completion::Items& items() const noexcept { return items_; }
+    const completion::Items& items() const;
+
+    /// One of the completions, by the place of its item.
+    pybind11::object completion(std::size_t place) const;
 
     /// The completions of a choice, as a tuple, with more items sorted in. No name of `more`, which is in any order,
     /// stands in the listing or twice. What is in the listing is never copied, and when all of it is wanted, hardly
@@ -47,8 +55,9 @@ private:
     pybind11::object fitting(const completion::Items& more, MatchOf matchOf) const;
     const Ranking& ranking() const;
 
-    completion::Items items_;
+    mutable completion::Items items_;
     pybind11::tuple completions_;
+    mutable std::function<completion::Items(const pybind11::tuple&)> itemsOf_;  // until items are made
     bool objectsAreAsked_;
     mutable std::optional<Ranking> ranking_;  // made when somebody asks
 };

@@ -9,6 +9,7 @@
 
 #include "frontends/completion/class_members.h"
 #include "frontends/completion/value_members.h"
+#include "frontends/python/src/crowd_listing.h"
 #include "frontends/python/src/crowded_object.h"
 #include "frontends/python/src/insider_items.h"
 #include "frontends/python/src/listing_cache.h"
@@ -95,12 +96,25 @@ std::uint64_t versionOfOwnNames(PyObject* object, const Listing& ofClass, const 
     return isPlain ? python_host::versionOfNames(object).value_or(0) : 0;
 }
 
+/// Made of the names as Python has them, when they are very many; null otherwise.
+ListingPtr listingOfCrowd(const qxSharedArray& value, PyObject* object, const ListingPtr& ofClass) {
+    const auto names = pybind11::reinterpret_borrow<pybind11::object>(python_host::attributesOf(object));
+    const bool areMany = names && PyDict_Check(names.ptr()) &&
+                         PyDict_GET_SIZE(names.ptr()) >= static_cast<Py_ssize_t>(CrowdedObject::fewestNames);
+    return areMany ? crowdListing(ofClass, names.ptr(), kindOfOwnNames(value)) : nullptr;
+}
+
 pybind11::object membersOfObject(const qxSharedArray& value, PyObject* object, const Choice& choice,
                                  const Asker& asker) {
     ListingPtr ofClass = listingOfClass(Py_TYPE(object), Side::object);
     const std::uint64_t version = versionOfOwnNames(object, *ofClass, asker);
     if (const ListingPtr kept = crowdedObject().find(ofClass, version)) {
         return kept->tupleOf(choice);
+    }
+    if (const ListingPtr all = version != 0 ? listingOfCrowd(value, object, ofClass) : nullptr) {
+        // Its names were read before anything could change them.
+        crowdedObject().keep(ofClass, version, all);
+        return all->tupleOf(choice);
     }
     std::vector<Item> own = ownNames(value, object);
     if (version != 0 && own.size() >= CrowdedObject::fewestNames &&

@@ -12,11 +12,13 @@ namespace contextdata::python {
 using completion::Item;
 using completion::Kind;
 
+Kind kindOfOwnNames(const qxSharedArray& value) {
+    return qxGetClassID(value.get()) == qxClassID::structure ? Kind::field : Kind::property;
+}
+
 std::vector<Item> ownNames(const qxSharedArray& value, PyObject* object) {
-    const bool isRecord = qxGetClassID(value.get()) == qxClassID::structure;
-    const Kind kindOfAttributes = isRecord ? Kind::field : Kind::property;
-    std::vector<Item> items =
-        publicBindings(python_host::attributesOf(object), [kindOfAttributes](PyObject*) { return kindOfAttributes; });
+    const Kind kind = kindOfOwnNames(value);
+    std::vector<Item> items = publicBindings(python_host::attributesOf(object), [kind](PyObject*) { return kind; });
     for (const std::string& name : completion::unlessItFails([&] { return python_host::directoryNamesOf(object); })) {
         items.push_back({fl::i18n::to_ustring(name), Kind::property});
     }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "frontends/python/src/errors.h"
 #include "frontends/python/src/python_text.h"
@@ -142,15 +143,20 @@ void addResultTypes(pybind11::module_& module) {
 }
 
 pybind11::object completionOf(const completion::Item& item, pybind11::object definer) {
-    pybind11::object name = strOf(item.name);
+    return completionOf(strOf(item.name), item.kind, std::move(definer));
+}
+
+pybind11::object completionOf(pybind11::object name, completion::Kind kind, pybind11::object definer) {
     auto made = pybind11::reinterpret_steal<pybind11::object>(newCompletion());
-    PyObject* kind = kindWords[static_cast<std::size_t>(item.kind)];
-    Py_INCREF(kind);
+    PyObject* word = kindWords[static_cast<std::size_t>(kind)];
+    Py_INCREF(word);
     PyStructSequence_SET_ITEM(made.ptr(), 0, name.release().ptr());
-    PyStructSequence_SET_ITEM(made.ptr(), 1, kind);
+    PyStructSequence_SET_ITEM(made.ptr(), 1, word);
     PyStructSequence_SET_ITEM(made.ptr(), 2, definer.release().ptr());
     return made;
 }
+
+PyObject* nameOf(PyObject* completion) noexcept { return PyStructSequence_GET_ITEM(completion, 0); }
 
 pybind11::object completionsOf(Answer answer) {
     PyObject* made = orThrow(completionsType->tp_alloc(completionsType, 0));

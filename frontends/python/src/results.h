@@ -13,6 +13,12 @@ void addResultTypes(pybind11::module_& module);
 /// A new `Completion`. `definer` is the item's class as a str, or None; the caller makes it, as many items share one.
 pybind11::object completionOf(const completion::Item& item, pybind11::object definer);
 
+/// The same of its parts; `name` is a str.
+pybind11::object completionOf(pybind11::object name, completion::Kind kind, pybind11::object definer);
+
+/// The name of a `Completion`, borrowed from it.
+PyObject* nameOf(PyObject* completion) noexcept;
+
 /// What a `Completions` holds. Positions are in code points.
 struct Answer {
     Py_ssize_t start = 0;
