@@ -124,7 +124,7 @@ private:
     }
 
     static SharedText nameOf(const zelk::COSClass& cls) {
-        return fl::i18n::to_ustring(zelk::nameresolution::getBaseClassNameFromFullName(cls.getName()));
+        return SharedText(fl::i18n::to_ustring(zelk::nameresolution::getBaseClassNameFromFullName(cls.getName())));
     }
 
     const fl::i18n::codecvt_ascii_to_ustring converter_{false};

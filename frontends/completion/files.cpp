@@ -47,7 +47,7 @@ std::vector<Item> filesIn(const std::u16string& folder, bool showsHidden, char16
         std::u16string name = isHidden ? std::u16string() : language.escaped(entry, quote);
         if (!name.empty()) {
             // The entry itself, until it is known what it is.
-            items.push_back({.name = std::move(name), .kind = Kind::file, .definingClass = entry});
+            items.push_back({.name = std::move(name), .kind = Kind::file, .definingClass = SharedText(entry)});
         }
     }
     return items;

@@ -76,7 +76,7 @@ private:
         items_.push_back({.name = name,
                           .kind = kind,
                           .isInherited = one.getClass() != listed_,
-                          .definingClass = one.getClass(),
+                          .definingClass = SharedText(one.getClass()),
                           .detail = detailOf(declaration.access)});
     }
 

@@ -59,10 +59,9 @@ Items without(Items items, const Items& others) {
 
 std::pair<std::size_t, std::size_t> rangeOfPrefix(const Items& items, std::u16string_view prefix) noexcept {
     const auto begin = std::partition_point(items.begin(), items.end(),
-                                            [&](const Item& item) { return std::u16string_view(item.name) < prefix; });
-    const auto end = std::partition_point(begin, items.end(), [&](const Item& item) {
-        return std::u16string_view(item.name).substr(0, prefix.size()) == prefix;
-    });
+                                            [&](const Item& item) { return comesBefore(item.name, prefix); });
+    const auto end = std::partition_point(
+        begin, items.end(), [&](const Item& item) { return std::u16string_view(item.name).starts_with(prefix); });
     return {static_cast<std::size_t>(begin - items.begin()), static_cast<std::size_t>(end - items.begin())};
 }
 

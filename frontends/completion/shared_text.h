@@ -14,7 +14,7 @@ public:
     SharedText() = default;
 
     /// Takes the text over. May throw `std::bad_alloc`.
-    SharedText(std::u16string text)
+    explicit SharedText(std::u16string text)
         : text_(text.empty() ? nullptr : std::make_shared<const std::u16string>(std::move(text))) {}
 
     bool empty() const noexcept { return text_ == nullptr; }

@@ -92,7 +92,7 @@ TEST(Items, areSortedWhenThereAreNone) {
 }
 
 TEST(SharedText, isOneTextForAllCopies) {
-    const SharedText name = std::u16string(u"bank.Account of a length that takes memory of its own");
+    const SharedText name(u"bank.Account of a length that takes memory of its own");
     const SharedText copy = name;
     EXPECT_EQ(&copy.text(), &name.text());
     EXPECT_FALSE(copy.empty());

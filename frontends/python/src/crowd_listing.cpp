@@ -1,12 +1,11 @@
 #include "frontends/python/src/crowd_listing.h"
 
 #include <algorithm>
-#include <compare>
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
-#include <string_view>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -58,19 +57,15 @@ Keys sorted(Keys keys) {
     return inOrder;
 }
 
-/// Negative when the key comes first, positive when the name does, 0 when they are the same.
-int compare(const pybind11::object& key, std::u16string_view name) {
-    const std::span<const Py_UCS1> units = unitsOf(key);
-    const auto order = std::lexicographical_compare_three_way(units.begin(), units.end(), name.begin(), name.end());
-    return order < 0 ? -1 : static_cast<int>(order > 0);
-}
-
 /// The sorted keys that no item has as name.
 Keys without(Keys keys, const Items& items) {
     auto item = items.begin();
     std::erase_if(keys, [&](const pybind11::object& key) {
-        item = std::find_if(item, items.end(), [&key](const Item& each) { return compare(key, each.name) <= 0; });
-        return item != items.end() && compare(key, item->name) == 0;
+        const std::span<const Py_UCS1> name = unitsOf(key);
+        item = std::find_if(item, items.end(), [name](const Item& each) {
+            return !std::ranges::lexicographical_compare(each.name, name);
+        });
+        return item != items.end() && std::ranges::equal(name, item->name);
     });
     return keys;
 }
@@ -84,7 +79,8 @@ pybind11::tuple tupleOfBoth(const Listing& ofClass, Keys keys, Kind kind) {
     };
     auto key = keys.begin();
     for (std::size_t place = 0; place < ofClass.items().size(); ++place) {
-        for (; key != keys.end() && compare(*key, ofClass.items()[place].name) < 0; ++key) {
+        const std::u16string& name = ofClass.items()[place].name;
+        for (; key != keys.end() && std::ranges::lexicographical_compare(unitsOf(*key), name); ++key) {
             add(completionOf(std::move(*key), kind, pybind11::none()));
         }
         add(ofClass.completion(place));

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "frontends/completion/name_order.h"
-#include "frontends/python/src/errors.h"
 #include "frontends/python/src/new_objects.h"
 #include "frontends/python/src/python_text.h"
 #include "frontends/python/src/results.h"
@@ -124,25 +123,26 @@ pybind11::object Listing::tupleOf(const Choice& choice, Items more) const {
 }
 
 pybind11::object Listing::sorted(std::u16string_view prefix, Items more) const {
-    if (prefix.empty() && more.empty()) {
+    if (more.empty()) {
+        return withPrefix(prefix);
+    }
+    more = chosen(std::move(more), {prefix});
+    const std::pair<std::size_t, std::size_t> range = rangeOfPrefix(items(), prefix);
+    const auto first = items().begin() + static_cast<std::ptrdiff_t>(range.first);
+    const auto last = items().begin() + static_cast<std::ptrdiff_t>(range.second);
+    const auto isBefore = [](const Item& left, const Item& right) { return comesBefore(left.name, right.name); };
+    return merged(completions_, range.first, range.second, more, [&](const Item& item) {
+        return static_cast<std::size_t>(std::lower_bound(first, last, item, isBefore) - items().begin());
+    });
+}
+
+pybind11::object Listing::withPrefix(std::u16string_view prefix) const {
+    if (prefix.empty()) {
         return completions_;
     }
     const std::pair<std::size_t, std::size_t> range = rangeOfPrefix(items(), prefix);
-    more = chosen(std::move(more), {prefix});
-    if (!more.empty()) {
-        const auto first = items().begin() + static_cast<std::ptrdiff_t>(range.first);
-        const auto last = items().begin() + static_cast<std::ptrdiff_t>(range.second);
-        const auto isBefore = [](const Item& left, const Item& right) { return comesBefore(left.name, right.name); };
-        return merged(completions_, range.first, range.second, more, [&](const Item& item) {
-            return static_cast<std::size_t>(std::lower_bound(first, last, item, isBefore) - items().begin());
-        });
-    }
-    PyObject* slice = PyTuple_GetSlice(completions_.ptr(), static_cast<Py_ssize_t>(range.first),
-                                       static_cast<Py_ssize_t>(range.second));
-    if (slice == nullptr) {
-        throwRaised();
-    }
-    return pybind11::reinterpret_steal<pybind11::object>(slice);
+    return orThrow(PyTuple_GetSlice(completions_.ptr(), static_cast<Py_ssize_t>(range.first),
+                                    static_cast<Py_ssize_t>(range.second)));
 }
 
 pybind11::object Listing::ranked(std::u16string_view text, Items more) const {

@@ -49,6 +49,7 @@ private:
     };
 
     pybind11::object sorted(std::u16string_view prefix, completion::Items more) const;
+    pybind11::object withPrefix(std::u16string_view prefix) const;
     pybind11::object ranked(std::u16string_view text, completion::Items more) const;
     pybind11::object allRanked(const completion::Items& more) const;
     template <class MatchOf>
