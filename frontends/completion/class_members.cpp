@@ -48,7 +48,7 @@ class DefiningClasses final : public zelk::COSVisitor<zelk::COSInterface*> {
 public:
     void visit(zelk::COSInterface* member) override {
         const zelk::COSMethodInfo* method = zelk::cosiToMethod(member);
-        sawStaticMethod_ = sawStaticMethod_ || (method != nullptr && method->isStatic() && method->isListable());
+        sawStaticMethod_ = sawStaticMethod_ || (method != nullptr && mayBeListedAsStatic(*method));
         const char* name = method != nullptr ? method->getName() : nameOf(member);
         if (name == nullptr) {
             return;
@@ -100,6 +100,11 @@ private:
         for (const Member& member : members_) {
             index_->try_emplace(fl::i18n::to_ustring(member.name, converter_), member.cls);
         }
+    }
+
+    /// Unless the host says that it is not.
+    static bool mayBeListedAsStatic(const zelk::COSMethodInfo& method) {
+        return !unlessItFails([&] { return !method.isStatic() || !method.isListable(); });
     }
 
     /// Of a member that is no method.

@@ -118,11 +118,24 @@ TEST_F(Engine, aStaticMethodIsToldThoughItIsNotKnownWhoDeclaresIt) {
         EXPECT_STREQ(kindOfOpen(), walk == 2 ? "method" : "static method") << walk;
         faults().clear();
     }
-    for (std::size_t call = journal().countOf(Service::classOfMember); call > 0; --call) {
-        faults().failService(Service::classOfMember, call, Fault::standardException);
-        EXPECT_STRNE(kindOfOpen(), "none") << call;
-        faults().clear();
+}
+
+TEST_F(Engine, whoDeclaresAMethodIsToldThoughItIsNotKnownWhetherItIsStatic) {
+    const auto account = ResolvedClassID::fromLegacyString(std::string("bank.Account"));
+    const Items whole = membersOfClass(account, Side::object);
+    for (const Service service : {Service::methodIsStatic, Service::methodIsListable}) {
+        journal().clear();
+        membersOfClass(account, Side::object);
+        for (std::size_t call = journal().countOf(service); call > 0; --call) {
+            faults().failService(service, call, Fault::standardException);
+            for (const auto& item : membersOfClass(account, Side::object)) {
+                EXPECT_FALSE(item.definingClass.empty())
+                    << nameOf(service) << call << testing::PrintToString(item.name);
+            }
+            faults().clear();
+        }
     }
+    EXPECT_EQ(membersOfClass(account, Side::object), whole);
 }
 
 TEST_F(Engine, staticMethodsAreAskedForWhereThereMayBeSome) {
