@@ -121,14 +121,14 @@ private:
         if (last_ == nullptr || last_->first != cls) {
             auto entry = displayNames_.find(cls);
             if (entry == displayNames_.end()) {
-                entry = displayNames_.emplace(cls, nameOf(*cls)).first;
+                entry = displayNames_.emplace(cls, newDisplayName(*cls)).first;
             }
             last_ = &*entry;
         }
         return last_->second;
     }
 
-    static SharedText nameOf(const zelk::COSClass& cls) {
+    static SharedText newDisplayName(const zelk::COSClass& cls) {
         return SharedText(fl::i18n::to_ustring(zelk::nameresolution::getBaseClassNameFromFullName(cls.getName())));
     }
 

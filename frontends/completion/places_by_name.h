@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -83,12 +84,9 @@ private:
         std::sort(places.begin(), places.end(), [this, from](const Place& left, const Place& right) {
             const Units leftUnits = unitsOf(left, from);
             const Units rightUnits = unitsOf(right, from);
-            const auto [leftEnd, rightEnd] =
-                std::mismatch(leftUnits.begin(), leftUnits.end(), rightUnits.begin(), rightUnits.end());
-            if (leftEnd == leftUnits.end() && rightEnd == rightUnits.end()) {
-                return left.index < right.index;
-            }
-            return rightEnd != rightUnits.end() && (leftEnd == leftUnits.end() || *leftEnd < *rightEnd);
+            const auto order = std::lexicographical_compare_three_way(leftUnits.begin(), leftUnits.end(),
+                                                                      rightUnits.begin(), rightUnits.end());
+            return std::is_eq(order) ? left.index < right.index : std::is_lt(order);
         });
     }
 

@@ -89,7 +89,7 @@ TEST_F(Answer, whatComesFromASuperclassSaysSo) {
 
 TEST_F(Answer, namesOfTheFrontEndAreOfferedOnlyWhereANameStandsAlone) {
     build("bank");
-    const std::vector<Item> names = {{u"beta", Kind::variable}, {u"by", Kind::keyword, {}}};
+    const std::vector<Item> names = {{u"beta", Kind::variable}, {u"by", Kind::keyword}};
     for (const char16_t* text : {u"account.b", u"bank.", u"import b", u"f(", u"'b", u""}) {
         const std::u16string_view view = text;
         for (const Item& item :

@@ -114,7 +114,8 @@ TEST_F(Engine, aStaticMethodIsToldThoughItIsNotKnownWhoDeclaresIt) {
     const std::size_t walks = journal().countOf(Service::classVisitMethods);
     for (std::size_t walk = 1; walk <= walks; ++walk) {
         faults().failService(Service::classVisitMethods, walk, Fault::standardException);
-        // Who is listed as static method is listed as method too, and stays so when the first of the lists fails.
+        // The list of methods names the static ones too; without the list of these, which is the second walk, it is all
+        // that is known.
         EXPECT_STREQ(kindOfOpen(), walk == 2 ? "method" : "static method") << walk;
         faults().clear();
     }

@@ -39,6 +39,12 @@ TEST(Items, ofTheFirstListWinWhenListsAreMerged) {
                 ElementsAre(item(u"a", Kind::method), item(u"b"), item(u"c")));
 }
 
+TEST(Items, areThoseOfTheOtherListWhenOneIsEmpty) {
+    const Items some = {item(u"a", Kind::method), item(u"c")};
+    EXPECT_EQ(merged(some, {}), some);
+    EXPECT_EQ(merged({}, some), some);
+}
+
 TEST(Items, keepTheirFirstWhereverEqualOnesStand) {
     EXPECT_THAT(sortedOnce({item(u"b", Kind::key), item(u"a"), item(u"b"), item(u"c"), item(u"b")}),
                 ElementsAre(item(u"a"), item(u"b", Kind::key), item(u"c")));

@@ -143,6 +143,14 @@ def test_one_name_of_wide_letters_changes_nothing_for_the_others(typed, ranked):
     assert bool(found) == (typed != "nothing" and (ranked or typed != "BOOK"))
 
 
+@pytest.mark.parametrize("ranked", [False, True])
+@pytest.mark.parametrize("text", ["x.", "x.book1"])
+def test_attributes_of_a_record_are_its_fields(text, ranked):
+    record = types.SimpleNamespace(**vars(shelf()))
+    assert {item.kind for item in complete(text, namespace={"x": record}, ranked=ranked)} == {"field"}
+    assert {item.kind for item in complete(text, namespace={"x": shelf()}, ranked=ranked)} <= {"property", "method"}
+
+
 def test_all_public_names_come_once_in_order():
     wanted = {name for name in awkward_names() if name.isidentifier() and not name.startswith("_")}
     assert names("x.", crowd_of(awkward_names())) == sorted({*wanted, "stack"})

@@ -16,8 +16,7 @@ completion::Kind kindOfOwnNames(const qxSharedArray& value);
 /// The names that an object has of its own, in its own order; they may repeat names of its class. `value` stands for
 /// `object`. May run the directory hook of the class; the interrupt passes.
 ///
-/// "properties" is not asked for, as it would repeat all that the class
-/// offers.
+/// "properties" is not asked for, as it would repeat all that the class offers.
 std::vector<completion::Item> ownNames(const qxSharedArray& value, PyObject* object);
 
 }  // namespace contextdata::python
