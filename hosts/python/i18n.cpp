@@ -1,7 +1,6 @@
 // Names are kept in UTF-8, since identifiers go beyond ASCII; the ASCII converters therefore carry UTF-8 too.
 #include "host/i18n.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "hosts/python/utf.h"
@@ -12,6 +11,7 @@ namespace {
 
 using python_host::appendUtf16;
 using python_host::appendUtf8;
+using python_host::isAscii;
 using python_host::isHighSurrogate;
 using python_host::isLowSurrogate;
 using python_host::isSurrogate;
@@ -84,10 +84,6 @@ std::string narrow(std::u16string_view text, bool refuse) {
         appendUtf8(result, orSubstitute(takePoint(text, position), refuse));
     }
     return result;
-}
-
-bool isAscii(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0x80) != 0; });
 }
 
 std::u16string widen(std::string_view text, bool refuse) {

@@ -127,7 +127,7 @@ bool isIdentifier(PyObject* text) noexcept {
 }
 
 bool isIdentifier(std::string_view utf8) noexcept {
-    if (std::all_of(utf8.begin(), utf8.end(), [](char unit) { return static_cast<unsigned char>(unit) < 0x80; })) {
+    if (isAscii(utf8)) {
         return isAsciiIdentifier(utf8);
     }
     const Ref text = Ref::steal(makeText(utf8));

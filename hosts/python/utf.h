@@ -1,11 +1,19 @@
 // UTF-8 and UTF-16, one code point at a time.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace python_host {
+
+/// ASCII is the same in every encoding that is spoken here.
+inline bool isAscii(std::string_view text) noexcept {
+    return std::none_of(text.begin(), text.end(),
+                        [](char unit) { return (static_cast<unsigned char>(unit) & 0x80) != 0; });
+}
 
 inline constexpr char32_t replacementCharacter = 0xFFFD;
 
